@@ -1,0 +1,22 @@
+#pragma once
+// Setting up a shop's data folder from the catalogue.
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace mz::store {
+
+struct SetupReport {
+  std::vector<std::string> files_created;   // storage names
+  std::vector<std::string> tables_created;  // "file: table"
+  std::vector<std::string> columns_added;   // "file: table.column"
+};
+
+// Creates every missing file, table, column and index; a table made here
+// gets its delivered rows. Nothing that exists is changed.
+SetupReport setup_data_folder(const std::filesystem::path& folder);
+
+// A folder without a single database file is a new shop.
+bool is_new_shop(const std::filesystem::path& folder);
+
+}  // namespace mz::store

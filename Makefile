@@ -31,7 +31,7 @@ test: build
 
 bench: configure
 	@cmake --build $(BUILD) -j $(JOBS) --target mostruz_bench mostruz
-	@$(BUILD)/mostruz_bench
+	@$(BUILD)/mostruz_bench $(BUILD)/bench-data
 
 clean:
 	rm -rf $(BUILD)

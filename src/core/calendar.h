@@ -16,7 +16,8 @@ Ymd civil(int64_t day_number);
 
 // A date as its whole day and the second of that day, rounded to the second
 // as the old runtime shows times. Before day zero the fraction still counts
-// forward from midnight, so -1,25 is 29/12/1899 06:00.
+// forward from midnight, so -1,25 is 29/12/1899 06:00. A serial outside
+// in_range() is Error 6.
 struct DayTime {
   int64_t day;
   int second;  // 0 .. 86399

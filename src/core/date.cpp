@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "core/calendar.h"
+#include "core/error.h"
 #include "core/regional.h"
 #include "core/value.h"
 
@@ -45,6 +46,7 @@ Ymd civil(int64_t day_number) {
 }
 
 DayTime split(Date date) {
+  if (!in_range(date.serial)) throw Error(err::kOverflow, "Overflow");
   double whole = std::trunc(date.serial);
   auto day = static_cast<int64_t>(whole);
   auto second = static_cast<int>(std::llround(std::fabs(date.serial - whole) * kSecondsPerDay));

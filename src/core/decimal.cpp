@@ -1,15 +1,16 @@
 #include "core/decimal.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 
+#include "core/text.h"
+
 namespace mz {
 namespace {
 
-bool is_blank(char c) { return c == ' ' || c == '\t'; }
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 // Drops leading zeros (moving the point) and trailing zeros.
 DecimalNumber normalized(bool negative, std::string digits, int point) {
@@ -41,10 +42,7 @@ std::string DecimalNumber::fraction_digits() const {
 }
 
 std::optional<DecimalNumber> read_regional_number(std::string_view text) {
-  size_t begin = 0, end = text.size();
-  while (begin < end && is_blank(text[begin])) ++begin;
-  while (end > begin && is_blank(text[end - 1])) --end;
-  std::string_view s = text.substr(begin, end - begin);
+  std::string_view s = strip_blanks(text);
 
   size_t i = 0;
   bool negative = false;

@@ -11,7 +11,6 @@ namespace {
 
 constexpr char32_t kBackspace = 8;
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
 
 // Modulus 11 check digit over `digits` weighted 2, 3, ... from the right,
 // the weight going back to 2 after `top_weight`.
@@ -31,8 +30,9 @@ std::optional<std::string> digits_in_shape(std::string_view text, std::string_vi
   if (text.size() != shape.size()) return std::nullopt;
   std::string digits;
   for (size_t i = 0; i < shape.size(); ++i) {
-    if (shape[i] == '#' && is_digit(text[i])) digits += text[i];
-    else if (shape[i] != text[i]) return std::nullopt;
+    bool fits = shape[i] == '#' ? is_digit(text[i]) : shape[i] == text[i];
+    if (!fits) return std::nullopt;
+    if (shape[i] == '#') digits += text[i];
   }
   return digits;
 }
@@ -103,7 +103,7 @@ std::string tira_acento(std::string_view text) {
 }
 
 std::string date_field_rule(std::string_view text, Date today) {
-  if (text.empty() || !is_date(Value(format(Value(text), "##/##/####")))) return date_text(today.date_only());
+  if (!is_date(Value(format(Value(text), "##/##/####")))) return date_text(today.date_only());
   return std::string(text);
 }
 

@@ -7,12 +7,11 @@
 #include "core/calendar.h"
 #include "core/decimal.h"
 #include "core/error.h"
+#include "core/text.h"
 
 namespace mz {
 namespace {
 
-bool is_digit(char c) { return c >= '0' && c <= '9'; }
-bool is_blank(char c) { return c == ' ' || c == '\t'; }
 
 // Reads 1..max_digits digits at s[i]; -1 when there is none.
 int read_field(std::string_view s, size_t& i, size_t max_digits, size_t* digit_count = nullptr) {
@@ -83,10 +82,7 @@ std::optional<Currency> parse_money(std::string_view text) {
 }
 
 std::optional<Date> parse_date(std::string_view text) {
-  size_t begin = 0, end = text.size();
-  while (begin < end && is_blank(text[begin])) ++begin;
-  while (end > begin && is_blank(text[end - 1])) --end;
-  std::string_view s = text.substr(begin, end - begin);
+  std::string_view s = strip_blanks(text);
 
   if (s.find(':') != std::string_view::npos && s.find_first_of("/-. ") == std::string_view::npos) {
     auto second = read_time(s, 0);

@@ -31,8 +31,9 @@ std::string date_text(Date value);
 std::string month_name(int month);
 
 // Val: leading blanks skipped (blanks inside the digits too), digits with "."
-// as the decimal point and an optional exponent; stops at the first other
-// character. "1.234,56" -> 1.234, "12,50" -> 12, "abc" -> 0.
+// as the decimal point and an optional exponent ("E" or "D"); stops at the
+// first other character. "1.234,56" -> 1.234, "12,50" -> 12, "abc" -> 0.
+// Throws Error 6 past the range of a double.
 double val(std::string_view text);
 
 // Whole-day arithmetic used by due dates and periods.

@@ -119,9 +119,8 @@ std::string mid(std::string_view s, size_t start, size_t length) {
 
 size_t instr(std::string_view haystack, std::string_view needle, size_t start) {
   if (start < 1) invalid_call();
-  size_t from = offset_of(haystack, start - 1);
   if (start - 1 > len(haystack)) return 0;
-  size_t found = haystack.find(needle, from);
+  size_t found = haystack.find(needle, offset_of(haystack, start - 1));
   if (found == std::string_view::npos) return 0;
   return len(haystack.substr(0, found)) + 1;
 }
@@ -140,6 +139,13 @@ std::string rtrim(std::string_view s) {
 }
 
 std::string trim(std::string_view s) { return ltrim(rtrim(s)); }
+
+std::string_view strip_blanks(std::string_view s) {
+  size_t begin = 0, end = s.size();
+  while (begin < end && is_blank(s[begin])) ++begin;
+  while (end > begin && is_blank(s[end - 1])) --end;
+  return s.substr(begin, end - begin);
+}
 
 std::string space(size_t n) { return std::string(n, ' '); }
 

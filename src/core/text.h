@@ -7,10 +7,15 @@
 
 namespace mz {
 
+inline bool is_digit(char c) { return c >= '0' && c <= '9'; }
+// Blanks that number and date reading skip around a value.
+inline bool is_blank(char c) { return c == ' ' || c == '\t'; }
+std::string_view strip_blanks(std::string_view s);
+
 size_t len(std::string_view s);
 std::string left(std::string_view s, size_t n);
 std::string right(std::string_view s, size_t n);
-// Mid with a 1-based start; start past the end gives "".
+// Mid with a 1-based start; start past the end gives "", start 0 Error 5.
 std::string mid(std::string_view s, size_t start);
 std::string mid(std::string_view s, size_t start, size_t length);
 // 1-based position of needle at or after start, 0 when absent; "" is found at start.
@@ -24,7 +29,7 @@ std::string space(size_t n);
 std::string replace_all(std::string_view s, std::string_view from, std::string_view to);
 
 // One character as its code point, and back; Latin-1 code points equal the
-// ANSI codes the system's rules speak of.
+// ANSI codes the system's rules speak of. Of "" it is Error 5, as Asc("").
 char32_t first_char(std::string_view s);
 std::string from_code_point(char32_t c);
 // Splits into characters, each as its own UTF-8 text.

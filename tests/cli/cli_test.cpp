@@ -1,0 +1,88 @@
+// The command line as a shop's scripts and the screen tests use it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdio>
+#include <fstream>
+
+#include "support/scratch_folder.h"
+
+namespace mz {
+namespace {
+
+struct Result {
+  int status;
+  std::string out;
+};
+
+std::string quoted(const std::string& s) {
+  std::string q = "'";
+  for (char c : s) q += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return q + "'";
+}
+
+Result mostruz(const std::vector<std::string>& args) {
+  std::string cmd = quoted(MOSTRUZ_EXE);
+  for (const auto& a : args) cmd += " " + quoted(a);
+  FILE* pipe = popen((cmd + " 2>&1").c_str(), "r");
+  std::string out;
+  char buf[4096];
+  size_t n;
+  while ((n = fread(buf, 1, sizeof buf, pipe)) > 0) out.append(buf, n);
+  int status = pclose(pipe);
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out};
+}
+
+TEST(Cli, InitSetsUpOnceAndSqlPrintsRegionalRows) {
+  testing::TempFolder folder;
+  std::string dir = folder.path().string();
+  Result first = mostruz({"init", dir});
+  EXPECT_EQ(first.status, 0);
+  EXPECT_NE(first.out.find("49 arquivos criados"), std::string::npos) << first.out;
+  EXPECT_NE(mostruz({"init", dir}).out.find("0 arquivos criados, 0 tabelas criadas, 0 colunas"), std::string::npos);
+
+  struct Case {
+    std::vector<std::string> args;
+    int status;
+    std::string out;  // exact, or the start of an error
+  };
+  const std::vector<Case> cases = {
+      {{"sql", "CADA.MDB", "Insert into CADA (CODIGO, A1, A2) values ('0001', 'D''ÁVILA', 'RUA A')", "--pasta", dir}, 0, ""},
+      {{"--pasta", dir, "sql", "cada.mdb", "Insert into CADA (CODIGO, A1) values ('0002', 'ANA')"}, 0, ""},
+      {{"sql", "CADA.MDB", "SELECT CODIGO, A1, A2 FROM CADA ORDER BY A1", "--pasta", dir}, 0,
+       "0002\tANA\t\n0001\tD'ÁVILA\tRUA A\n"},
+      {{"sql", "CADA.MDB", "SELECT* FROM CADA where CODIGO = '9999'", "--pasta", dir}, 0, ""},
+      {{"sql", "ENTRA.MDB", "Insert into ENTRA (CODIGO, DATA, REFERENCIA, X1, VALOR) values ('00000001', #11/22/2026#, '0001', 2, '1.234,5')",
+        "--pasta", dir}, 0, ""},
+      {{"sql", "ENTRA.MDB", "SELECT DATA, X1, VALOR, X2 FROM ENTRA", "--pasta", dir}, 0, "22/11/2026\t2\t1234,5\t\n"},
+      {{"sql", "CDSE.Mdb", "SELECT CODIGO, A1 FROM CDSEN", "--pasta", dir}, 0, "1\tMOSTRUZ\n"},
+      {{"sql", "CADA.MDB", "SELECT* FROM NADA", "--pasta", dir}, 1, "Erro 3078"},
+      {{"sql", "NADA.MDB", "SELECT* FROM NADA", "--pasta", dir}, 1, "Erro 3024"},
+      {{"sql", "CADA.MDB", "SELECT* FROM CADA where A1 = 'D'ÁVILA'", "--pasta", dir}, 1, "Erro "},
+      {{"sql", "CADA.MDB"}, 2, "uso:"},
+  };
+  for (const auto& c : cases) {
+    std::string trace;
+    for (const auto& a : c.args) trace += a + " ";
+    SCOPED_TRACE(trace);
+    Result r = mostruz(c.args);
+    EXPECT_EQ(r.status, c.status) << r.out;
+    if (c.status == 0) EXPECT_EQ(r.out, c.out);
+    else EXPECT_EQ(r.out.rfind(c.out, 0), 0u) << r.out;
+  }
+}
+
+TEST(Cli, ProgramSetsUpOnlyANewShop) {
+  testing::TempFolder empty;
+  Result r = mostruz({"--pasta", empty.path().string()});
+  EXPECT_EQ(r.status, 0);
+  EXPECT_TRUE(std::filesystem::exists(empty.path() / "grade.db"));
+
+  testing::TempFolder damaged;  // one file left: not a new shop, nothing is made
+  std::ofstream(damaged.path() / "cada.db") << "";
+  EXPECT_EQ(mostruz({"--pasta", damaged.path().string()}).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(damaged.path() / "grade.db"));
+}
+
+}  // namespace
+}  // namespace mz

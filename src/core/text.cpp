@@ -57,8 +57,10 @@ size_t offset_of(std::string_view s, size_t n) {
   return std::min(i, s.size());
 }
 
+}  // namespace
+
 // Upper and lower case as the shop's code page knows them.
-char32_t upper(char32_t c) {
+char32_t upper_case(char32_t c) {
   if ((c >= U'a' && c <= U'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7)) return c - 0x20;
   switch (c) {
     case 0xFF: return 0x178;
@@ -69,7 +71,7 @@ char32_t upper(char32_t c) {
   }
 }
 
-char32_t lower(char32_t c) {
+char32_t lower_case(char32_t c) {
   if ((c >= U'A' && c <= U'Z') || (c >= 0xC0 && c <= 0xDE && c != 0xD7)) return c + 0x20;
   switch (c) {
     case 0x178: return 0xFF;
@@ -79,6 +81,14 @@ char32_t lower(char32_t c) {
     default: return c;
   }
 }
+
+char32_t next_char(std::string_view s, size_t& i) {
+  char32_t c = decode_at(s, i);
+  i += char_size(s, i);
+  return c;
+}
+
+namespace {
 
 template <typename Map>
 std::string map_chars(std::string_view s, Map map) {
@@ -125,8 +135,8 @@ size_t instr(std::string_view haystack, std::string_view needle, size_t start) {
   return len(haystack.substr(0, found)) + 1;
 }
 
-std::string ucase(std::string_view s) { return map_chars(s, upper); }
-std::string lcase(std::string_view s) { return map_chars(s, lower); }
+std::string ucase(std::string_view s) { return map_chars(s, upper_case); }
+std::string lcase(std::string_view s) { return map_chars(s, lower_case); }
 
 std::string ltrim(std::string_view s) {
   size_t first = s.find_first_not_of(' ');

@@ -20,6 +20,11 @@ std::string mid(std::string_view s, size_t start);
 std::string mid(std::string_view s, size_t start, size_t length);
 // 1-based position of needle at or after start, 0 when absent; "" is found at start.
 size_t instr(std::string_view haystack, std::string_view needle, size_t start = 1);
+// One character of s at byte i, moving i past it (a stray byte is a
+// Windows-1252 character of its own).
+char32_t next_char(std::string_view s, size_t& i);
+char32_t upper_case(char32_t c);
+char32_t lower_case(char32_t c);
 std::string ucase(std::string_view s);  // accented letters too: "ção" -> "ÇÃO"
 std::string lcase(std::string_view s);
 std::string trim(std::string_view s);   // blanks only, as the old runtime

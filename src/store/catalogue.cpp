@@ -6,7 +6,9 @@
 // compared with # literals is Date.
 #include "store/catalogue.h"
 
-#include <cctype>
+#include <unordered_map>
+
+#include "store/names.h"
 
 namespace mz::store {
 
@@ -16,12 +18,6 @@ Columns named(std::initializer_list<const char*> names, ColumnType type) {
   Columns out;
   out.reserve(names.size());
   for (const char* n : names) out.push_back({n, type});
-  return out;
-}
-
-std::string lower(std::string_view s) {
-  std::string out(s);
-  for (char& c : out) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
   return out;
 }
 
@@ -49,7 +45,7 @@ Row full_row(const Columns& columns, std::initializer_list<std::pair<const char*
   for (const ColumnDef& c : columns) {
     std::string value;
     for (const auto& [name, v] : values)
-      if (lower(name) == lower(c.name)) value = v;
+      if (same_name(name, c.name)) value = v;
     row.emplace_back(c.name, value);
   }
   return row;
@@ -375,14 +371,17 @@ const std::vector<FileDef>& catalogue() {
 }
 
 const FileDef* find_file(std::string_view name) {
-  const std::string wanted = lower(base_name(name));
-  for (const FileDef& f : catalogue())
-    if (lower(f.name) == wanted) return &f;
-  return nullptr;
+  static const std::unordered_map<std::string, const FileDef*> by_name = [] {
+    std::unordered_map<std::string, const FileDef*> map;
+    for (const FileDef& f : catalogue()) map.emplace(lower_name(f.name), &f);
+    return map;
+  }();
+  auto it = by_name.find(lower_name(base_name(name)));
+  return it == by_name.end() ? nullptr : it->second;
 }
 
 std::string storage_name(std::string_view old_name) {
-  std::string name = lower(base_name(old_name));
+  std::string name = lower_name(base_name(old_name));
   const auto dot = name.find_last_of('.');
   if (dot != std::string::npos) name.erase(dot);
   return name + ".db";

@@ -1,38 +1,13 @@
 #include "store/collation.h"
 
+#include "core/text.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace mz::store {
 namespace {
-
-// Reads one UTF-8 character; an invalid byte stands for itself (Latin-1).
-char32_t next_char(std::string_view s, size_t& i) {
-  auto b = static_cast<unsigned char>(s[i]);
-  if (b < 0x80) { ++i; return b; }
-  int extra = b >= 0xF0 ? 3 : b >= 0xE0 ? 2 : b >= 0xC0 ? 1 : 0;
-  if (extra == 0 || i + extra >= s.size()) {
-    ++i;
-    return b;
-  }
-  char32_t c = b & (0x3F >> extra);
-  for (int k = 1; k <= extra; ++k) {
-    auto cont = static_cast<unsigned char>(s[i + k]);
-    if ((cont & 0xC0) != 0x80) { ++i; return b; }
-    c = (c << 6) | (cont & 0x3F);
-  }
-  i += extra + 1;
-  return c;
-}
-
-// Lower case, for the letters a shop's texts hold.
-char32_t fold_case(char32_t c) {
-  if (c >= 'A' && c <= 'Z') return c + 32;
-  if (c >= 0xC0 && c <= 0xDE && c != 0xD7) return c + 32;
-  if (c >= 0x100 && c <= 0x17F && (c & 1) == 0) return c + 1;  // Latin Extended-A pairs
-  return c;
-}
 
 // The plain letter under an accent, in upper case; other characters as they are.
 char32_t primary_key(char32_t c) {
@@ -44,7 +19,7 @@ char32_t primary_key(char32_t c) {
     char base = kBase[c - 0xC0];
     if (base != '*' && base != '/') return static_cast<char32_t>(base);
   }
-  return fold_case(c);
+  return lower_case(c);
 }
 
 bool is_ascii(std::string_view s) {
@@ -80,11 +55,9 @@ int compare_by(std::string_view a, std::string_view b, Key key) {
 std::u32string folded(std::string_view s) {
   std::u32string out;
   out.reserve(s.size());
-  for (size_t i = 0; i < s.size();) out.push_back(fold_case(next_char(s, i)));
+  for (size_t i = 0; i < s.size();) out.push_back(lower_case(next_char(s, i)));
   return out;
 }
-
-bool is_digit(char32_t c) { return c >= '0' && c <= '9'; }
 
 // Matches a [...] set at p (just after '['); advances p past ']'.
 bool match_set(const std::u32string& pat, size_t& p, char32_t c) {
@@ -122,7 +95,7 @@ bool match_from(const std::u32string& text, size_t t, const std::u32string& pat,
     if (pc == '?') {
       ++p;
     } else if (pc == '#') {
-      if (!is_digit(tc)) return false;
+      if (tc < '0' || tc > '9') return false;
       ++p;
     } else if (pc == '[') {
       ++p;
@@ -142,7 +115,7 @@ int compare_text(std::string_view a, std::string_view b) {
   if (is_ascii(a) && is_ascii(b)) return compare_ascii(a, b);
   int primary = compare_by(a, b, primary_key);
   if (primary != 0) return primary;
-  return compare_by(a, b, fold_case);
+  return compare_by(a, b, lower_case);
 }
 
 bool text_equal(std::string_view a, std::string_view b) { return compare_text(a, b) == 0; }

@@ -3,6 +3,7 @@
 #include <atomic>
 
 #include "core/error.h"
+#include "store/names.h"
 #include "store/sql_functions.h"
 
 namespace mz::store {
@@ -10,15 +11,8 @@ namespace {
 
 std::atomic<int> lock_timeout_ms{2000};
 
-std::string lower_ascii(std::string_view s) {
-  std::string out(s);
-  for (auto& c : out)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return out;
-}
-
 ColumnType type_from_declaration(std::string_view declared) {
-  std::string d = lower_ascii(declared);
+  std::string d = lower_name(declared);
   if (d.rfind("number", 0) == 0) return ColumnType::Number;
   if (d.rfind("currency", 0) == 0) return ColumnType::Currency;
   if (d.rfind("date", 0) == 0) return ColumnType::Date;
@@ -89,7 +83,7 @@ void Connection::give_back(const std::string& sql, sqlite3_stmt* stmt) {
 }
 
 std::optional<ColumnType> Connection::column_type(std::string_view table, std::string_view column) {
-  std::string t = lower_ascii(table);
+  std::string t = lower_name(table);
   auto it = schema_.find(t);
   if (it == schema_.end()) {
     std::unordered_map<std::string, ColumnType> columns;
@@ -101,13 +95,13 @@ std::optional<ColumnType> Connection::column_type(std::string_view table, std::s
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
       auto name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
       auto type = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1));
-      columns[lower_ascii(name ? name : "")] = type_from_declaration(type ? type : "");
+      columns[lower_name(name ? name : "")] = type_from_declaration(type ? type : "");
     }
     sqlite3_finalize(stmt);
     check(rc);
     it = schema_.emplace(t, std::move(columns)).first;
   }
-  auto col = it->second.find(lower_ascii(column));
+  auto col = it->second.find(lower_name(column));
   if (col == it->second.end()) return std::nullopt;
   return col->second;
 }

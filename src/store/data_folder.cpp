@@ -5,6 +5,7 @@
 #include <set>
 
 #include "core/error.h"
+#include "store/names.h"
 #include "store/catalogue.h"
 #include "store/connection.h"
 #include "store/sql_functions.h"
@@ -12,12 +13,6 @@
 
 namespace mz::store {
 namespace {
-
-std::string lower_ascii(std::string s) {
-  for (auto& c : s)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return s;
-}
 
 std::string quote_name(const std::string& name) { return "\"" + name + "\""; }
 
@@ -58,7 +53,7 @@ class SetupFile {
     sqlite3_prepare_v2(db_, "SELECT name FROM pragma_table_info(?)", -1, &stmt, nullptr);
     sqlite3_bind_text(stmt, 1, table.c_str(), -1, SQLITE_TRANSIENT);
     while (sqlite3_step(stmt) == SQLITE_ROW)
-      names.insert(lower_ascii(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))));
+      names.insert(lower_name(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))));
     sqlite3_finalize(stmt);
     return names;
   }
@@ -83,7 +78,7 @@ class SetupFile {
  private:
   static ColumnType type_of(const TableDef& table, const std::string& column) {
     for (const auto& c : table.columns)
-      if (lower_ascii(c.name) == lower_ascii(column)) return c.type;
+      if (same_name(c.name, column)) return c.type;
     throw Error(dberr::kItemNotFound, "Coluna '" + column + "' fora da tabela " + table.name + ".");
   }
 
@@ -95,7 +90,7 @@ std::string index_name(const TableDef& table, const std::string& columns) {
   std::string name = "ix_" + table.name + "_" + columns;
   for (auto& c : name)
     if (c == ',' || c == ' ') c = '_';
-  return lower_ascii(name);
+  return lower_name(name);
 }
 
 std::string index_columns(const std::string& columns) {
@@ -121,7 +116,7 @@ void set_up_table(SetupFile& file, const FileDef& def, const TableDef& table, Se
     report.tables_created.push_back(def.name + ": " + table.name);
   } else {
     for (const auto& c : table.columns) {
-      if (existing.count(lower_ascii(c.name))) continue;
+      if (existing.count(lower_name(c.name))) continue;
       file.exec("ALTER TABLE " + quote_name(table.name) + " ADD COLUMN " + quote_name(c.name) + " " + declaration(c.type));
       report.columns_added.push_back(def.name + ": " + table.name + "." + c.name);
     }

@@ -5,6 +5,7 @@
 #include <mutex>
 
 #include "core/error.h"
+#include "store/names.h"
 #include "store/catalogue.h"
 #include "store/connection.h"
 #include "store/dialect.h"
@@ -24,16 +25,9 @@ std::map<std::string, std::shared_ptr<Connection>>& registry() {
   return connections;
 }
 
-std::string lower_ascii(std::string_view s) {
-  std::string out(s);
-  for (auto& c : out)
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c + 32);
-  return out;
-}
-
 // ";pwd=604215" -> "604215"; the key may be written in any case.
 std::string password_of(std::string_view connect) {
-  std::string lower = lower_ascii(connect);
+  std::string lower = lower_name(connect);
   size_t at = lower.find("pwd=");
   if (at == std::string::npos) return {};
   size_t start = at + 4;
@@ -244,7 +238,7 @@ struct Recordset::Impl : OpenCursor {
 
   size_t index_of(std::string_view name) const {
     for (size_t i = 0; i < names.size(); ++i)
-      if (lower_ascii(names[i]) == lower_ascii(name)) return i;
+      if (same_name(names[i], name)) return i;
     throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(name) + "'.");
   }
 

@@ -9,18 +9,12 @@
 #include <vector>
 
 #include "core/error.h"
+#include "support/errors.h"
 
 namespace mz {
 namespace {
 
-int error_number(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Error& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::error_number;
 
 Currency money(int64_t units) { return Currency::from_units(units); }
 

@@ -7,20 +7,14 @@
 #include "store/connection.h"
 #include "store/sql_text.h"
 #include "support/scratch_folder.h"
+#include "support/errors.h"
 
 namespace mz::store {
 namespace {
 
-using testing::ScratchFolder;
+using testing::error_number;
 
-int error_number(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const Error& e) {
-    return e.number();
-  }
-  return 0;
-}
+using testing::ScratchFolder;
 
 std::vector<std::string> column_of(Database& db, const std::string& sql, size_t column = 0) {
   std::vector<std::string> out;

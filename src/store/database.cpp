@@ -384,6 +384,20 @@ long Recordset::record_count() const {
   return count;
 }
 
+long Recordset::bookmark() const {
+  auto& r = impl();
+  r.current();
+  return r.pos;
+}
+
+void Recordset::set_bookmark(long bookmark) {
+  auto& r = impl();
+  if (!r.have(bookmark) || r.rows[bookmark].deleted) no_current_record();
+  r.mode = Impl::Mode::None;
+  r.pos = bookmark;
+  r.furthest = std::max(r.furthest, bookmark);
+}
+
 size_t Recordset::field_count() const { return impl().names.size(); }
 
 Recordset::Field Recordset::operator[](std::string_view name) { return Field(this, impl().index_of(name)); }

@@ -108,6 +108,9 @@ class Recordset {
   void move_last();
   // Rows reached so far: the whole count after move_last or a walk to EOF.
   long record_count() const;
+  // The current row's place, to come back to it after the rows changed.
+  long bookmark() const;
+  void set_bookmark(long bookmark);
 
   size_t field_count() const;
   // By name in any case spelling, or by position (0 is the first column).

@@ -119,3 +119,24 @@ TEST(CoreFormat, DatePatterns) {
 
 }  // namespace
 }  // namespace mz
+
+namespace mz {
+namespace {
+
+// Document numbers and day-month pairs go through digit masks as numbers, so
+// a leading zero is lost where the mask has no zero to keep it.
+TEST(CoreFormat, DigitMasksOnDocumentsAndDays) {
+  expect_all({
+      {Value("12345678000190"), "##############", "12345678000190"},
+      {Value("01234567890"), "##############", "1234567890"},
+      {Value("123.456.789-01"), "##############", "123.456.789-01"},
+      {Value(""), "##############", ""},
+      {Value("1203"), "00/00", "12/03"},
+      {Value("503"), "00/00", "05/03"},
+      {Value("5"), "00", "05"},
+      {Value("41"), "0000000", "0000041"},
+  });
+}
+
+}  // namespace
+}  // namespace mz

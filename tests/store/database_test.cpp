@@ -89,6 +89,11 @@ TEST(StoreDatabase, AddNewEditDeleteAndWalk) {
   EXPECT_TRUE(rs.bof());
   rs.move_last();
   EXPECT_EQ(rs.record_count(), 2);
+  long last = rs.bookmark();
+  rs.move_first();
+  rs.set_bookmark(last);
+  EXPECT_EQ(rs["CODIGO"].text(), "0003");
+  EXPECT_EQ(error_number([&] { rs.set_bookmark(1); }), 3021) << "a deleted row cannot be returned to";
 
   EXPECT_EQ(column_of(db, "SELECT* FROM CADA ORDER BY CODIGO", 0), (std::vector<std::string>{"0001", "0003"}));
   EXPECT_EQ(column_of(db, "SELECT A1 FROM CADA ORDER BY CODIGO"), (std::vector<std::string>{"ALTERADO", "CLIENTE 0003"}));

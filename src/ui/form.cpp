@@ -1,0 +1,44 @@
+#include "ui/form.h"
+
+#include "core/error.h"
+#include "store/names.h"
+
+namespace mz::ui {
+
+Form::Form(Runtime& runtime, std::string name, std::string caption)
+    : caption(std::move(caption)), runtime_(runtime), name_(std::move(name)) {}
+
+Control& Form::add(std::string name, ControlKind kind, std::string text) {
+  controls_.push_back(std::make_unique<Control>(*this, std::move(name), kind, std::move(text)));
+  return *controls_.back();
+}
+
+Control* Form::find(std::string_view name) const {
+  for (const auto& c : controls_)
+    if (store::same_name(c->name(), name)) return c.get();
+  return nullptr;
+}
+
+Control& Form::operator[](std::string_view name) const {
+  if (Control* c = find(name)) return *c;
+  throw Error(err::kInvalidProcedureCall, "O controle '" + std::string(name) + "' não existe em " + name_ + ".");
+}
+
+Control* Form::next_in_tab_order(const Control* from, bool backward) const {
+  const long n = static_cast<long>(controls_.size());
+  long at = -1;  // from's place; -1 when the walk starts outside the form
+  for (long i = 0; i < n; ++i)
+    if (controls_[static_cast<size_t>(i)].get() == from) at = i;
+  for (long step = 1; step <= n; ++step) {
+    long i = at < 0 ? (backward ? n - step : step - 1) : (at + (backward ? n - step : step)) % n;
+    if (controls_[static_cast<size_t>(i)]->can_take_focus()) return controls_[static_cast<size_t>(i)].get();
+  }
+  return nullptr;
+}
+
+void centra_form(Form& form, int screen_width, int screen_height) {
+  form.top = (screen_height - form.height) / 2;
+  form.left = (screen_width - form.width) / 2;
+}
+
+}  // namespace mz::ui

@@ -1,0 +1,34 @@
+#pragma once
+// Everything a screen needs from the world outside the program goes through
+// the host: the desktop answers with real dialogs, the test host from a script.
+#include <optional>
+#include <string>
+
+#include "core/value.h"
+
+namespace mz::ui {
+
+class Form;
+
+// The buttons and icons of a message box, as the handlers combine them.
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Icon { None, Information, Question, Exclamation, Critical };
+enum class Answer { Ok, Cancel, Yes, No };
+
+class Host {
+ public:
+  virtual ~Host() = default;
+  virtual Answer message_box(const std::string& text, Buttons buttons, Icon icon, const std::string& title) = 0;
+  // nullopt when the user cancels; the old input box gave "" then, and
+  // callers that do not care read value_or("").
+  virtual std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
+                                               const std::string& initial) = 0;
+  virtual Date today() = 0;
+  virtual Date now() = 0;
+  virtual void screen_shown(Form& form) = 0;
+  virtual void screen_closed(Form& form) = 0;
+  virtual void wait_pointer(bool on) = 0;
+  virtual void end_program() = 0;
+};
+
+}  // namespace mz::ui

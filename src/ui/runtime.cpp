@@ -1,0 +1,176 @@
+#include "ui/runtime.h"
+
+#include "core/error.h"
+#include "core/input_helpers.h"
+#include "core/text.h"
+#include "store/names.h"
+#include "ui/keys.h"
+
+namespace mz::ui {
+
+Runtime::~Runtime() {
+  focused_ = nullptr;
+  screens_.clear();
+}
+
+void Runtime::register_screen(const std::string& name, Factory factory) {
+  screens_[store::lower_name(name)].factory = std::move(factory);
+}
+
+bool Runtime::knows_screen(std::string_view name) const { return find_entry(name) != nullptr; }
+
+const Runtime::Entry* Runtime::find_entry(std::string_view name) const {
+  auto it = screens_.find(store::lower_name(name));
+  return it == screens_.end() ? nullptr : &it->second;
+}
+
+Runtime::Entry& Runtime::entry(std::string_view name) {
+  auto it = screens_.find(store::lower_name(name));
+  if (it == screens_.end()) throw Error(err::kInvalidProcedureCall, "A tela '" + std::string(name) + "' não existe.");
+  return it->second;
+}
+
+Form& Runtime::screen(std::string_view name) {
+  Entry& e = entry(name);
+  if (!e.form) {
+    e.form = e.factory(*this);
+    if (e.form->on_load) e.form->on_load();
+  }
+  return *e.form;
+}
+
+Form& Runtime::show(std::string_view name) {
+  Form& form = screen(name);
+  Entry& e = entry(name);
+  bool first = !e.shown;
+  e.shown = true;
+  active_ = &form;
+  host_.screen_shown(form);
+  if (form.on_activate) form.on_activate();
+  if (first && (!focused_ || &focused_->form() != &form))
+    if (Control* c = form.next_in_tab_order(nullptr)) set_focus(*c);
+  return form;
+}
+
+void Runtime::close(std::string_view name) {
+  Entry& e = entry(name);
+  if (!e.form) return;
+  Form& form = *e.form;
+  if (form.on_unload) form.on_unload();
+  if (focused_ && &focused_->form() == &form) focused_ = nullptr;
+  if (active_ == &form) active_ = nullptr;
+  if (e.shown) host_.screen_closed(form);
+  e.shown = false;
+  e.form.reset();
+}
+
+bool Runtime::is_shown(std::string_view name) const {
+  const Entry* e = find_entry(name);
+  return e && e->shown;
+}
+
+void Runtime::apply_leave_rule(Control& c) {
+  if (c.leave_rule == LeaveRule::Date) c.set_text(date_field_rule(c.text(), host_.today()));
+  if (c.leave_rule == LeaveRule::Money) c.set_text(money_field_rule(c.text()));
+}
+
+void Runtime::set_focus(Control& control) {
+  if (focused_ == &control) return;
+  Control* old = focused_;
+  focused_ = &control;
+  active_ = &control.form();
+  if (old) {
+    if (old->is_entry()) old->back_colour = kWhite;
+    apply_leave_rule(*old);
+    if (old->on_lost_focus) old->on_lost_focus();
+  }
+  if (focused_ != &control) return;  // the old control's handler sent the focus elsewhere
+  if (control.is_entry()) {
+    control.sel_start = 0;
+    control.sel_length = len(control.text());
+    control.back_colour = kFocusColour;
+    host_.wait_pointer(false);
+  }
+  if (control.on_got_focus) control.on_got_focus();
+}
+
+void Runtime::move_on(Control& from, bool backward) {
+  if (Control* next = from.form().next_in_tab_order(&from, backward)) set_focus(*next);
+}
+
+void Runtime::press_key(int key, int shift) {
+  Control* c = focused_;
+  Form* form = c ? &c->form() : active_;
+  if (!form) return;
+  if (form->key_preview && form->on_key_down) {
+    form->on_key_down(key, shift);
+    if (key == 0) return;
+  }
+  if (key == key::kTab) {
+    if (c) move_on(*c, shift != 0);
+    return;
+  }
+  if (c && c->on_key_down) {
+    c->on_key_down(key, shift);
+    if (key == 0) return;
+  }
+  if (key == key::kEnter || key == key::kBackspace || key == key::kEscape) type_char(static_cast<char32_t>(key));
+}
+
+void Runtime::type_char(char32_t ch) {
+  Control* c = focused_;
+  if (!c) return;
+  int key = static_cast<int>(ch);
+  Form& form = c->form();
+  if (form.key_preview && form.on_key_press) form.on_key_press(key);
+  if (key == 0) return;
+  if (c->on_key_press) c->on_key_press(key);
+  if (focused_ != c) return;
+  // Enter moves on after the field's own handler, whatever it did with the
+  // key: the old screens posted a Tab and then dropped the Enter.
+  if (ch == key::kEnter && c->enter_moves_on) return move_on(*c, false);
+  if (key == key::kEnter) {
+    if (c->kind() == ControlKind::Button) click(*c);
+    return;
+  }
+  if (key == 0) return;
+  if (!c->is_entry() || key == key::kEscape) return;
+  std::string text = c->text();
+  size_t start = std::min(c->sel_start, len(text));
+  size_t length = std::min(c->sel_length, len(text) - start);
+  if (key == key::kBackspace) {
+    if (length == 0 && start > 0) {
+      --start;
+      length = 1;
+    }
+    c->set_text(left(text, start) + mid(text, start + length + 1));
+    c->sel_start = start;
+  } else {
+    c->set_text(left(text, start) + from_code_point(static_cast<char32_t>(key)) + mid(text, start + length + 1));
+    c->sel_start = start + 1;
+  }
+  c->sel_length = 0;
+}
+
+void Runtime::click(Control& control) {
+  if (!control.enabled) return;
+  if (control.kind() == ControlKind::OptionButton) control.set_checked(true);
+  if (control.kind() == ControlKind::CheckBox) control.set_checked(!control.checked());
+  if (control.can_take_focus() && control.kind() != ControlKind::MenuItem) set_focus(control);
+  if (control.on_click) control.on_click();
+}
+
+void Runtime::dbl_click(Control& control) {
+  if (control.on_dbl_click) control.on_dbl_click();
+}
+
+Answer Runtime::message(const std::string& text, Buttons buttons, Icon icon, const std::string& title) {
+  return host_.message_box(text, buttons, icon, title);
+}
+
+void Runtime::end_program() {
+  ended_ = true;
+  host_.end_program();
+}
+
+}  // namespace mz::ui

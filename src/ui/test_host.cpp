@@ -1,0 +1,34 @@
+#include "ui/test_host.h"
+
+#include "ui/form.h"
+
+namespace mz::ui {
+namespace {
+
+// The button a box takes when nothing was queued for it.
+Answer default_answer(Buttons buttons) {
+  return buttons == Buttons::YesNo || buttons == Buttons::YesNoCancel ? Answer::Yes : Answer::Ok;
+}
+
+}  // namespace
+
+Answer TestHost::message_box(const std::string& text, Buttons buttons, Icon, const std::string& title) {
+  messages.push_back({text, title});
+  if (answers.empty()) return default_answer(buttons);
+  Reply r = answers.front();
+  answers.pop_front();
+  return r.is_text ? Answer::Ok : r.button;
+}
+
+std::optional<std::string> TestHost::input_box(const std::string&, const std::string&, const std::string&) {
+  if (answers.empty()) return std::string();
+  Reply r = answers.front();
+  answers.pop_front();
+  if (!r.is_text && r.button == Answer::Cancel) return std::nullopt;
+  return r.text;
+}
+
+void TestHost::screen_shown(Form& form) { shown.push_back(form.name()); }
+void TestHost::screen_closed(Form& form) { closed.push_back(form.name()); }
+
+}  // namespace mz::ui

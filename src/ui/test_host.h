@@ -1,0 +1,44 @@
+#pragma once
+// The host of screen tests: a fixed clock, answers queued in advance, and a
+// record of every message and screen shown.
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "ui/host.h"
+
+namespace mz::ui {
+
+class TestHost : public Host {
+ public:
+  struct Message {
+    std::string text;
+    std::string title;
+  };
+
+  // The answer to the next box: a button, or the text typed into an input box.
+  struct Reply {
+    Answer button = Answer::Ok;
+    std::string text;
+    bool is_text = false;
+  };
+
+  Date clock = Date::from_ymd_hms(2026, 11, 22, 10, 0, 0);
+  std::deque<Reply> answers;
+  std::vector<Message> messages;
+  std::vector<std::string> shown, closed;
+  bool waiting = false;
+  bool ended = false;
+
+  Answer message_box(const std::string& text, Buttons buttons, Icon icon, const std::string& title) override;
+  std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
+                                       const std::string& initial) override;
+  Date today() override { return clock.date_only(); }
+  Date now() override { return clock; }
+  void screen_shown(Form& form) override;
+  void screen_closed(Form& form) override;
+  void wait_pointer(bool on) override { waiting = on; }
+  void end_program() override { ended = true; }
+};
+
+}  // namespace mz::ui

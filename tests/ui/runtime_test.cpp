@@ -1,0 +1,160 @@
+#include "ui/runtime.h"
+
+#include <gtest/gtest.h>
+
+#include "core/input_helpers.h"
+#include "core/text.h"
+#include "ui/keys.h"
+#include "ui/test_host.h"
+
+namespace mz::ui {
+namespace {
+
+// A small entry screen: three fields, a date, a money field, a combo and two buttons.
+std::unique_ptr<Form> entry_screen(Runtime& rt, std::vector<std::string>& events) {
+  auto form = std::make_unique<Form>(rt, "FICHA", "Ficha");
+  for (const char* name : {"A1", "A2"}) {
+    Control& c = form->add(name, ControlKind::TextBox);
+    c.on_got_focus = [&events, name] { events.push_back(std::string("got ") + name); };
+    c.on_lost_focus = [&events, name] { events.push_back(std::string("lost ") + name); };
+  }
+  form->add("D", ControlKind::MaskedBox).leave_rule = LeaveRule::Date;
+  Control& money = form->add("M", ControlKind::MaskedBox);
+  money.leave_rule = LeaveRule::Money;
+  money.on_key_press = [&money](int& key) { key = static_cast<int>(so_numero(money.text(), static_cast<char32_t>(key))); };
+  form->add("C", ControlKind::ComboBox).items = {"CHEQUE", "CARTÃO", "DINHEIRO"};
+  form->find("C")->on_key_press = [form = form.get()](int& key) { combo_inteligente((*form)["C"], key); };
+  form->add("Rotulo", ControlKind::Label, "NOME:");
+  form->add("Command1", ControlKind::Button, "Grava").on_click = [&rt] { rt.message("Gravado."); };
+  form->add("Command2", ControlKind::Button, "Volta");
+  form->key_preview = true;
+  form->on_key_down = [&events](int& key, int) {
+    if (key == key::kF1 + 1) {
+      events.push_back("F2");
+      key = 0;
+    }
+  };
+  return form;
+}
+
+struct Fixture {
+  TestHost host;
+  Runtime rt{host};
+  std::vector<std::string> events;
+  Fixture() {
+    rt.register_screen("FICHA", [this](Runtime& r) { return entry_screen(r, events); });
+  }
+  void type(const std::string& text) {
+    for (char32_t c : to_u32(text)) rt.type_char(c);
+  }
+};
+
+TEST(UiRuntime, FocusMovesWithColoursSelectionAndEventsInOrder) {
+  Fixture f;
+  Form& form = f.rt.show("ficha");
+  EXPECT_EQ(f.rt.focused(), &form["A1"]);
+  EXPECT_EQ(form["A1"].back_colour, kFocusColour);
+  form["A2"].set_text("MARIA");
+  f.rt.press_key(key::kEnter);
+  EXPECT_EQ(f.rt.focused(), &form["A2"]);
+  EXPECT_EQ(form["A1"].back_colour, kWhite);
+  EXPECT_EQ(form["A2"].sel_length, 5u) << "the whole text is selected on focus";
+  EXPECT_EQ(f.events, (std::vector<std::string>{"got A1", "lost A1", "got A2"}));
+  f.type("Ana");
+  EXPECT_EQ(form["A2"].text(), "Ana") << "typing replaces the selection";
+  f.rt.message("Aviso");
+  EXPECT_EQ(f.rt.focused(), &form["A2"]) << "a message box moves no focus";
+  f.rt.press_key(key::kTab, 1);
+  EXPECT_EQ(f.rt.focused(), &form["A1"]);
+  f.rt.press_key(key::kF1 + 1);
+  EXPECT_EQ(f.events.back(), "F2") << "the form sees F-keys first";
+}
+
+TEST(UiRuntime, EnterFromTheLastFieldReachesTheFirstButtonAndClicksIt) {
+  Fixture f;
+  Form& form = f.rt.show("FICHA");
+  f.rt.set_focus(form["C"]);
+  f.rt.press_key(key::kEnter);
+  EXPECT_EQ(f.rt.focused(), &form["Command1"]) << "labels are passed over";
+  f.rt.press_key(key::kEnter);
+  ASSERT_EQ(f.host.messages.size(), 1u);
+  EXPECT_EQ(f.host.messages[0].text, "Gravado.");
+}
+
+TEST(UiRuntime, DateAndMoneyFieldsAreNeverLeftInvalidOrEmpty) {
+  struct Case {
+    const char* field;
+    const char* typed;
+    const char* left_as;
+  };
+  const std::vector<Case> cases = {
+      {"D", "31/02/2020", "22/11/2026"}, {"D", "", "22/11/2026"},    {"D", "29/02/2024", "29/02/2024"},
+      {"M", "", "0,00"},                 {"M", "12,5", "12,5"},      {"M", "1,2,3", "1,23"},
+      {"M", "1.5", "1,5"},               {"M", "a7b", "7"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.field) + " " + c.typed);
+    Fixture f;
+    Form& form = f.rt.show("FICHA");
+    f.rt.set_focus(form[c.field]);
+    f.type(c.typed);
+    f.rt.press_key(key::kEnter);
+    EXPECT_EQ(form[c.field].text(), c.left_as);
+  }
+}
+
+TEST(UiRuntime, ComboCompletesFromItsList) {
+  Fixture f;
+  Form& form = f.rt.show("FICHA");
+  f.rt.set_focus(form["C"]);
+  f.type("ca");
+  EXPECT_EQ(form["C"].text(), "CARTÃO");
+  EXPECT_EQ(form["C"].sel_start, 2u);
+  EXPECT_EQ(form["C"].sel_length, 4u);
+  form["C"].items.clear();
+  form["C"].set_text("");
+  f.type("x");
+  EXPECT_EQ(form["C"].text(), "x") << "an empty list leaves the typed letter alone";
+}
+
+TEST(UiRuntime, OneInstancePerScreenAndItsControlsLoadIt) {
+  Fixture f;
+  int loads = 0;
+  f.rt.register_screen("SENHA2", [&loads](Runtime& r) {
+    auto form = std::make_unique<Form>(r, "SENHA2", "Senha");
+    form->add("NN", ControlKind::TextBox).visible = false;
+    form->on_load = [&loads] { ++loads; };
+    return form;
+  });
+  f.rt.screen("SENHA2")["NN"].set_text("A3");
+  EXPECT_FALSE(f.rt.is_shown("SENHA2"));
+  Form& shown = f.rt.show("senha2");
+  EXPECT_EQ(shown["nn"].text(), "A3");
+  EXPECT_EQ(loads, 1);
+  f.rt.close("SENHA2");
+  EXPECT_EQ(f.rt.screen("SENHA2")["NN"].text(), "") << "closing unloads the state";
+  EXPECT_EQ(loads, 2);
+}
+
+TEST(UiRuntime, OptionsExcludeEachOtherAndGridsBand) {
+  Fixture f;
+  Form form(f.rt, "MENU", "Menu");
+  Control& one = form.add("Option1", ControlKind::OptionButton);
+  Control& two = form.add("Option2", ControlKind::OptionButton);
+  f.rt.click(one);
+  f.rt.click(two);
+  EXPECT_FALSE(one.checked());
+  EXPECT_TRUE(two.checked());
+  Control& grid = form.add("Grid1", ControlKind::Grid);
+  grid.grid.resize(4, 2);
+  zebra_grid(grid, 0, 0xE0E0E0);
+  EXPECT_EQ(grid.grid.cell_colour(0, 0), kWhite) << "the heading is left alone";
+  EXPECT_EQ(grid.grid.cell_colour(1, 1), 0xE0E0E0u);
+  EXPECT_EQ(grid.grid.cell_colour(2, 0), kWhite);
+  centra_form(form, 1024, 768);
+  EXPECT_EQ(form.left, (1024 - form.width) / 2);
+  EXPECT_EQ(form.top, (768 - form.height) / 2);
+}
+
+}  // namespace
+}  // namespace mz::ui

@@ -14,8 +14,6 @@
 namespace mz::store {
 namespace {
 
-std::string quote_name(const std::string& name) { return "\"" + name + "\""; }
-
 const char* declaration(ColumnType type) {
   switch (type) {
     case ColumnType::Text: return "TEXT COLLATE MZ";
@@ -61,10 +59,10 @@ class SetupFile {
   void insert(const TableDef& table, const Row& row) {
     std::string cols, marks;
     for (const auto& [column, value] : row) {
-      cols += (cols.empty() ? "" : ",") + quote_name(column);
+      cols += (cols.empty() ? "" : ",") + quoted_name(column);
       marks += marks.empty() ? "?" : ",?";
     }
-    std::string sql = "INSERT INTO " + quote_name(table.name) + " (" + cols + ") VALUES (" + marks + ")";
+    std::string sql = "INSERT INTO " + quoted_name(table.name) + " (" + cols + ") VALUES (" + marks + ")";
     sqlite3_stmt* stmt = nullptr;
     if (sqlite3_prepare_v2(db_, sql.c_str(), -1, &stmt, nullptr) != SQLITE_OK)
       throw Error(dberr::kGeneric, sqlite3_errmsg(db_));
@@ -97,7 +95,7 @@ std::string index_columns(const std::string& columns) {
   std::string out, part;
   for (char c : columns + ",") {
     if (c == ',') {
-      if (!part.empty()) out += (out.empty() ? "" : ",") + quote_name(part);
+      if (!part.empty()) out += (out.empty() ? "" : ",") + quoted_name(part);
       part.clear();
     } else if (c != ' ') {
       part += c;
@@ -110,19 +108,19 @@ void set_up_table(SetupFile& file, const FileDef& def, const TableDef& table, Se
   std::set<std::string> existing = file.columns_of(table.name);
   if (existing.empty()) {
     std::string cols;
-    for (const auto& c : table.columns) cols += (cols.empty() ? "" : ", ") + quote_name(c.name) + " " + declaration(c.type);
-    file.exec("CREATE TABLE " + quote_name(table.name) + " (" + cols + ")");
+    for (const auto& c : table.columns) cols += (cols.empty() ? "" : ", ") + quoted_name(c.name) + " " + declaration(c.type);
+    file.exec("CREATE TABLE " + quoted_name(table.name) + " (" + cols + ")");
     for (const auto& row : table.rows) file.insert(table, row);
     report.tables_created.push_back(def.name + ": " + table.name);
   } else {
     for (const auto& c : table.columns) {
       if (existing.count(lower_name(c.name))) continue;
-      file.exec("ALTER TABLE " + quote_name(table.name) + " ADD COLUMN " + quote_name(c.name) + " " + declaration(c.type));
+      file.exec("ALTER TABLE " + quoted_name(table.name) + " ADD COLUMN " + quoted_name(c.name) + " " + declaration(c.type));
       report.columns_added.push_back(def.name + ": " + table.name + "." + c.name);
     }
   }
   for (const auto& index : table.indexes)
-    file.exec("CREATE INDEX IF NOT EXISTS " + quote_name(index_name(table, index)) + " ON " + quote_name(table.name) + " (" +
+    file.exec("CREATE INDEX IF NOT EXISTS " + quoted_name(index_name(table, index)) + " ON " + quoted_name(table.name) + " (" +
               index_columns(index) + ")");
 }
 

@@ -35,15 +35,6 @@ std::string password_of(std::string_view connect) {
   return std::string(connect.substr(start, end == std::string_view::npos ? std::string_view::npos : end - start));
 }
 
-std::string quote_identifier(const std::string& name) {
-  std::string out = "\"";
-  for (char c : name) {
-    if (c == '"') out += '"';
-    out += c;
-  }
-  return out + "\"";
-}
-
 void step_to_end(Connection& conn, sqlite3_stmt* stmt, std::string_view sql) {
   int rc;
   while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
@@ -257,13 +248,13 @@ struct Recordset::Impl : OpenCursor {
   }
 
   void insert_row(const std::vector<size_t>& assigned) {
-    std::string sql = "INSERT INTO " + quote_identifier(table);
+    std::string sql = "INSERT INTO " + quoted_name(table);
     if (assigned.empty()) {
       sql += " DEFAULT VALUES";
     } else {
       std::string cols, marks;
       for (size_t i : assigned) {
-        cols += (cols.empty() ? "" : ",") + quote_identifier(origin_names[i]);
+        cols += (cols.empty() ? "" : ",") + quoted_name(origin_names[i]);
         marks += marks.empty() ? "?" : ",?";
       }
       sql += " (" + cols + ") VALUES (" + marks + ")";
@@ -280,9 +271,9 @@ struct Recordset::Impl : OpenCursor {
   }
 
   void update_row(const std::vector<size_t>& assigned) {
-    std::string sql = "UPDATE " + quote_identifier(table) + " SET ";
+    std::string sql = "UPDATE " + quoted_name(table) + " SET ";
     for (size_t k = 0; k < assigned.size(); ++k)
-      sql += (k ? "," : "") + quote_identifier(origin_names[assigned[k]]) + "=?";
+      sql += (k ? "," : "") + quoted_name(origin_names[assigned[k]]) + "=?";
     sql += " WHERE rowid=?";
     StatementLease stmt = conn->prepare(sql);
     Row& row = current();
@@ -453,7 +444,7 @@ void Recordset::delete_current() {
   r.current();
   r.conn->before_write();  // may read further rows: take the row after it
   Impl::Row& row = r.current();
-  std::string sql = "DELETE FROM " + quote_identifier(r.table) + " WHERE rowid=?";
+  std::string sql = "DELETE FROM " + quoted_name(r.table) + " WHERE rowid=?";
   StatementLease stmt = r.conn->prepare(sql);
   sqlite3_bind_int64(stmt.get(), 1, row.rowid);
   step_to_end(*r.conn, stmt.get(), sql);

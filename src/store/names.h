@@ -20,4 +20,14 @@ inline bool same_name(std::string_view a, std::string_view b) {
   return true;
 }
 
+// A name as an SQLite identifier, whatever it holds.
+inline std::string quoted_name(std::string_view name) {
+  std::string out = "\"";
+  for (char c : name) {
+    if (c == '"') out += '"';
+    out += c;
+  }
+  return out + "\"";
+}
+
 }  // namespace mz::store

@@ -1,4 +1,4 @@
-// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT]
+// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT | script FILE...]
 #include <unistd.h>
 
 #include <filesystem>
@@ -10,6 +10,8 @@
 #include "store/data_folder.h"
 #include "store/database.h"
 #include "store/dialect.h"
+#include "shell/program.h"
+#include "ui/script_runner.h"
 
 namespace {
 
@@ -24,7 +26,7 @@ fs::path program_folder() {
 }
 
 int usage() {
-  std::cerr << "uso: mostruz [--pasta PASTA] [init PASTA | sql ARQUIVO \"INSTRUÇÃO\"]\n";
+  std::cerr << "uso: mostruz [--pasta PASTA] [init PASTA | sql ARQUIVO \"INSTRUÇÃO\" | script ARQUIVO...]\n";
   return 2;
 }
 
@@ -93,6 +95,10 @@ int main(int argc, char** argv) {
     if (args[0] == "init") {
       if (args.size() > 2) return usage();
       return run_init(args.size() == 2 ? fs::path(args[1]) : folder);
+    }
+    if (args[0] == "script") {
+      if (args.size() < 2) return usage();
+      return ui::run_scripts({args.begin() + 1, args.end()}, shell::program(), std::cout) ? 1 : 0;
     }
     if (args[0] == "sql") {
       if (args.size() != 3) return usage();

@@ -23,6 +23,8 @@ class Host {
   // callers that do not care read value_or("").
   virtual std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                                const std::string& initial) = 0;
+  // The printer dialog: the chosen printer, or nullopt when cancelled.
+  virtual std::optional<std::string> choose_printer() = 0;
   virtual Date today() = 0;
   virtual Date now() = 0;
   virtual void screen_shown(Form& form) = 0;

@@ -28,6 +28,13 @@ std::optional<std::string> TestHost::input_box(const std::string&, const std::st
   return r.text;
 }
 
+std::optional<std::string> TestHost::choose_printer() {
+  if (printers.empty()) return std::string("Impressora padrão");
+  std::string p = printers.front();
+  printers.pop_front();
+  return p;
+}
+
 void TestHost::screen_shown(Form& form) { shown.push_back(form.name()); }
 void TestHost::screen_closed(Form& form) { closed.push_back(form.name()); }
 

@@ -14,6 +14,7 @@ class TestHost : public Host {
   struct Message {
     std::string text;
     std::string title;
+    bool error = false;  // an untrapped failure of a handler
   };
 
   // The answer to the next box: a button, or the text typed into an input box.
@@ -27,12 +28,14 @@ class TestHost : public Host {
   std::deque<Reply> answers;
   std::vector<Message> messages;
   std::vector<std::string> shown, closed;
+  std::deque<std::string> printers;  // the choices of the next printer dialogs
   bool waiting = false;
   bool ended = false;
 
   Answer message_box(const std::string& text, Buttons buttons, Icon icon, const std::string& title) override;
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
+  std::optional<std::string> choose_printer() override;
   Date today() override { return clock.date_only(); }
   Date now() override { return clock; }
   void screen_shown(Form& form) override;

@@ -1,0 +1,109 @@
+#include "ui/script_runner.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "core/error.h"
+#include "support/scratch_folder.h"
+
+namespace mz::ui {
+namespace {
+
+TEST(UiScript, SplitsWordsAndQuotedText) {
+  struct Case {
+    const char* line;
+    std::vector<std::string> words;
+  };
+  const std::vector<Case> cases = {
+      {"type GR \"000701\"", {"type", "GR", "000701"}},
+      {"  key Enter Tab   # then the button", {"key", "Enter", "Tab"}},
+      {"expect text A1 \"a \\\"b\\\" \\\\ c\\td\"", {"expect", "text", "A1", "a \"b\" \\ c\td"}},
+      {"expect port \"\\x1B\\x0F\"", {"expect", "port", "\x1B\x0F"}},
+      {"answer \"#1\"", {"answer", "#1"}},
+      {"# only a comment", {}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.line);
+    std::vector<std::string> words;
+    for (const auto& w : split_script_line(c.line)) words.push_back(w.text);
+    EXPECT_EQ(words, c.words);
+  }
+  EXPECT_THROW(split_script_line("type A1 \"open"), std::runtime_error);
+  EXPECT_THROW(split_script_line("type A1 \"\\q\""), std::runtime_error);
+}
+
+// A screen with a name field that refuses an empty save and a button that asks.
+Program test_program() {
+  Program p;
+  p.register_screens = [](Runtime& rt) {
+    rt.register_screen("FICHA", [](Runtime& r) {
+      auto form = std::make_unique<Form>(r, "FICHA", "Ficha de teste");
+      Control& name = form->add("A1", ControlKind::TextBox);
+      form->add("Command1", ControlKind::Button, "Grava").on_click = [&r, &name] {
+        if (name.text().empty()) return r.set_focus(name);
+        if (r.message("Confirma?", Buttons::YesNo) == Answer::Yes) r.message("Gravado: " + name.text());
+      };
+      form->add("Command2", ControlKind::Button, "Falha").on_click = [] { throw Error(3186, "bloqueado"); };
+      return form;
+    });
+  };
+  p.start = [](Runtime& rt) { rt.show("FICHA"); };
+  return p;
+}
+
+std::string run(const std::string& script, int* failed = nullptr) {
+  testing::TempFolder folder;
+  std::string path = (folder.path() / "ficha.script").string();
+  std::ofstream(path) << script;
+  std::ostringstream out;
+  int f = run_scripts({path}, test_program(), out);
+  if (failed) *failed = f;
+  return out.str();
+}
+
+TEST(UiScript, ActsAsTheUserAndChecksWhatTheUserSees) {
+  int failed = -1;
+  std::string out = run(R"(start
+expect caption FICHA "Ficha de teste"
+click Command1
+expect focus A1
+expect no message
+type A1 "Maria"
+key Enter
+expect focus Command1
+answer no
+key Enter
+expect message "Confirma?"
+expect no message
+click Command1
+expect message "Confirma?"
+expect message "Gravado: Maria"
+click Command2
+expect error
+expect screen FICHA open
+)", &failed);
+  EXPECT_EQ(out, "PASS ficha.script\n1 passed, 0 failed\n");
+  EXPECT_EQ(failed, 0);
+}
+
+TEST(UiScript, ReportsEachFailedExpectationAndStopsAtALineItCannotCarryOut) {
+  int failed = 0;
+  std::string out = run(R"(open FICHA
+expect text A1 "x"
+expect message "Nada"
+click Command9
+expect text A1 ""
+)", &failed);
+  EXPECT_EQ(out,
+            "FAIL ficha.script\n"
+            "ficha.script:2: expected \"x\", got \"\"\n"
+            "ficha.script:3: expected message \"Nada\", got no message\n"
+            "ficha.script:4: unknown control Command9\n"
+            "0 passed, 1 failed\n");
+  EXPECT_EQ(failed, 1);
+}
+
+}  // namespace
+}  // namespace mz::ui

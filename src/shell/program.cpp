@@ -1,12 +1,36 @@
 #include "shell/program.h"
 
+#include "shell/screens.h"
+
 namespace mz::shell {
+namespace {
+
+// Every screen a menu or a gate can reach that is not built yet.
+const char* const kNotYetBuilt[] = {"GRADE",  "PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
+                                    "NP",     "RECIBO",  "Contas",   "EMPRE",    "CONSULTA", "TELEFONE", "ENTRADA",
+                                    "AUTO",   "REPARA",  "CADSENHA", "lay",      "VENDA",   "msn",    "SENHA"};
+
+}  // namespace
 
 ui::Program program() {
   ui::Program p;
-  // Screens register themselves here as they are built.
-  p.register_screens = [](ui::Runtime&) {};
-  p.start = [](ui::Runtime& rt) { rt.show("VERI"); };
+  p.register_screens = [](ui::Runtime& rt) {
+    rt.register_screen("VERI", make_veri);
+    rt.register_screen("INICIO", make_inicio);
+    rt.register_screen("ini2", make_ini2);
+    rt.register_screen("opera1", make_opera1);
+    rt.register_screen("OPERA2", make_opera2);
+    rt.register_screen("OPERA", make_opera);
+    rt.register_screen("MENUDP", make_menudp);
+    rt.register_screen("SENHA2", make_senha2);
+    for (const char* name : kNotYetBuilt)
+      rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
+  };
+  // VERI hands over to the main screen and is never seen itself.
+  p.start = [](ui::Runtime& rt) {
+    rt.screen("VERI");
+    rt.close("VERI");
+  };
   return p;
 }
 

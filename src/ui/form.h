@@ -35,6 +35,7 @@ class Form {
   Control* next_in_tab_order(const Control* from, bool backward = false) const;
 
   std::function<void()> on_load, on_activate, on_unload;
+  Control* last_focus = nullptr;  // where the focus returns when the screen is activated again
   std::function<void(int& key, int shift)> on_key_down;  // seen first with key_preview
   std::function<void(int& key)> on_key_press;
 

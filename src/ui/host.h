@@ -31,6 +31,8 @@ class Host {
   virtual void screen_closed(Form& form) = 0;
   virtual void wait_pointer(bool on) = 0;
   virtual void end_program() = 0;
+  // Starts a program of the data folder (the manual viewer) and goes on.
+  virtual void start_program(const std::string& program) = 0;
 };
 
 }  // namespace mz::ui

@@ -1,5 +1,7 @@
 #include "ui/runtime.h"
 
+#include <algorithm>
+
 #include "core/error.h"
 #include "core/input_helpers.h"
 #include "core/text.h"
@@ -11,6 +13,10 @@ namespace mz::ui {
 Runtime::~Runtime() {
   focused_ = nullptr;
   screens_.clear();
+}
+
+Runtime::Dispatch::~Dispatch() {
+  if (--rt_.depth_ == 0) rt_.closed_.clear();
 }
 
 void Runtime::register_screen(const std::string& name, Factory factory) {
@@ -40,16 +46,25 @@ Form& Runtime::screen(std::string_view name) {
 }
 
 Form& Runtime::show(std::string_view name) {
+  Dispatch dispatch(*this);
   Form& form = screen(name);
   Entry& e = entry(name);
-  bool first = !e.shown;
   e.shown = true;
-  active_ = &form;
   host_.screen_shown(form);
-  if (form.on_activate) form.on_activate();
-  if (first && (!focused_ || &focused_->form() != &form))
-    if (Control* c = form.next_in_tab_order(nullptr)) set_focus(*c);
+  activate(form);
   return form;
+}
+
+void Runtime::activate(Form& form) {
+  Dispatch dispatch(*this);
+  stack_.erase(std::remove(stack_.begin(), stack_.end(), &form), stack_.end());
+  stack_.push_back(&form);
+  bool was_active = active_ == &form;
+  active_ = &form;
+  if (!was_active && form.on_activate) form.on_activate();
+  if (focused_ && &focused_->form() == &form) return;
+  Control* target = form.last_focus && form.last_focus->can_take_focus() ? form.last_focus : form.next_in_tab_order(nullptr);
+  if (target) set_focus(*target);
 }
 
 void Runtime::close(std::string_view name) {
@@ -57,11 +72,15 @@ void Runtime::close(std::string_view name) {
   if (!e.form) return;
   Form& form = *e.form;
   if (form.on_unload) form.on_unload();
+  bool had_focus = (focused_ && &focused_->form() == &form) || active_ == &form;
   if (focused_ && &focused_->form() == &form) focused_ = nullptr;
   if (active_ == &form) active_ = nullptr;
+  stack_.erase(std::remove(stack_.begin(), stack_.end(), &form), stack_.end());
   if (e.shown) host_.screen_closed(form);
   e.shown = false;
-  e.form.reset();
+  closed_.push_back(std::move(e.form));
+  if (had_focus && !stack_.empty()) activate(*stack_.back());  // the screen below comes to the front
+  if (depth_ == 0) closed_.clear();
 }
 
 bool Runtime::is_shown(std::string_view name) const {
@@ -75,10 +94,12 @@ void Runtime::apply_leave_rule(Control& c) {
 }
 
 void Runtime::set_focus(Control& control) {
+  Dispatch dispatch(*this);
   if (focused_ == &control) return;
   Control* old = focused_;
   focused_ = &control;
   active_ = &control.form();
+  control.form().last_focus = &control;
   if (old) {
     if (old->is_entry()) old->back_colour = kWhite;
     apply_leave_rule(*old);
@@ -99,6 +120,7 @@ void Runtime::move_on(Control& from, bool backward) {
 }
 
 void Runtime::press_key(int key, int shift) {
+  Dispatch dispatch(*this);
   Control* c = focused_;
   Form* form = c ? &c->form() : active_;
   if (!form) return;
@@ -118,6 +140,7 @@ void Runtime::press_key(int key, int shift) {
 }
 
 void Runtime::type_char(char32_t ch) {
+  Dispatch dispatch(*this);
   Control* c = focused_;
   if (!c) return;
   int key = static_cast<int>(ch);
@@ -153,6 +176,7 @@ void Runtime::type_char(char32_t ch) {
 }
 
 void Runtime::click(Control& control) {
+  Dispatch dispatch(*this);
   if (!control.enabled) return;
   if (control.kind() == ControlKind::OptionButton) control.set_checked(true);
   if (control.kind() == ControlKind::CheckBox) control.set_checked(!control.checked());
@@ -161,6 +185,7 @@ void Runtime::click(Control& control) {
 }
 
 void Runtime::dbl_click(Control& control) {
+  Dispatch dispatch(*this);
   if (control.on_dbl_click) control.on_dbl_click();
 }
 

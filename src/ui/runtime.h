@@ -31,6 +31,9 @@ class Runtime {
   // Unloads the screen: its Unload runs and its state is gone.
   void close(std::string_view name);
   bool is_shown(std::string_view name) const;
+  // Brings an open screen to the front, the focus back on its last control,
+  // as a click on its window does.
+  void activate(Form& form);
   Form* active_form() const { return active_; }
 
   Control* focused() const { return focused_; }
@@ -61,8 +64,22 @@ class Runtime {
   void move_on(Control& from, bool backward);
   void apply_leave_rule(Control& control);
 
+  // Keeps closed screens alive until the user's input that closed them is
+  // fully handled: a screen often closes itself from its own button.
+  class Dispatch {
+   public:
+    explicit Dispatch(Runtime& rt) : rt_(rt) { ++rt_.depth_; }
+    ~Dispatch();
+
+   private:
+    Runtime& rt_;
+  };
+
   Host& host_;
   std::map<std::string, Entry> screens_;  // by lower-case name
+  std::vector<std::unique_ptr<Form>> closed_;
+  std::vector<Form*> stack_;  // shown screens, the front one last
+  int depth_ = 0;
   Control* focused_ = nullptr;
   Form* active_ = nullptr;
   bool ended_ = false;

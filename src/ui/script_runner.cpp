@@ -156,6 +156,7 @@ class ScriptRun {
     } else if (cmd == "on") {
       if (!rt_.is_shown(word(w, 1))) throw Stop("screen not open: " + word(w, 1));
       current_ = word(w, 1);
+      act([&] { rt_.activate(rt_.screen(current_)); });
     } else if (cmd == "focus") {
       Control& c = control(word(w, 1));
       act([&] { rt_.set_focus(c); });

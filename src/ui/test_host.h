@@ -42,6 +42,8 @@ class TestHost : public Host {
   void screen_closed(Form& form) override;
   void wait_pointer(bool on) override { waiting = on; }
   void end_program() override { ended = true; }
+  void start_program(const std::string& program) override { started.push_back(program); }
+  std::vector<std::string> started;
 };
 
 }  // namespace mz::ui

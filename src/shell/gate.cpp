@@ -58,6 +58,12 @@ void open_sales(ui::Runtime& rt) {
   }
 }
 
+void open_module(ui::Runtime& rt, int module) {
+  if (module == 1) return open_sales(rt);
+  static const char* const kMenus[] = {"opera1", nullptr, "OPERA2", "OPERA"};
+  if (module >= 0 && module < 4) rt.show(kMenus[module]);
+}
+
 std::unique_ptr<ui::Form> make_senha2(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "SENHA2", "Senha");
   ui::Form& f = *form;

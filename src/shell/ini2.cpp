@@ -17,10 +17,10 @@ std::unique_ptr<ui::Form> make_ini2(ui::Runtime& rt) {
     std::function<void()> open;
   };
   const Module modules[] = {
-      {"Command6", "dfdf", "Cadastros", [&rt] { rt.show("opera1"); }},
-      {"Command7", "hhgg", "Vendas", [&rt] { open_sales(rt); }},
-      {"Command8", "fdfd", "Financeiro  ", [&rt] { rt.show("OPERA2"); }},
-      {"Command11", "hjhjhj", "Operacional", [&rt] { rt.show("OPERA"); }},
+      {"Command6", "dfdf", "Cadastros", [&rt] { open_module(rt, 0); }},
+      {"Command7", "hhgg", "Vendas", [&rt] { open_module(rt, 1); }},
+      {"Command8", "fdfd", "Financeiro  ", [&rt] { open_module(rt, 2); }},
+      {"Command11", "hjhjhj", "Operacional", [&rt] { open_module(rt, 3); }},
       {"Command14", "kjkjk", "Saída", [&rt] { rt.end_program(); }},
   };
   for (const auto& m : modules) f.add(m.button, ControlKind::Button, m.text).on_click = m.open;

@@ -27,18 +27,17 @@ std::unique_ptr<ui::Form> make_inicio(ui::Runtime& rt) {
       {"Label9", "img_menu_4", "Financeiro", "Caixa, contas, resultados.", "Tecle F3 para acessar o módulo."},
       {"Label12", "img_menu_6", "Operacional", "Empresa, backup, manutenção, Etc.", "Tecle F4 para acessar o módulo."},
   };
-  const std::function<void()> modules[] = {[&rt] { rt.show("opera1"); }, [&rt] { open_sales(rt); },
-                                           [&rt] { rt.show("OPERA2"); }, [&rt] { rt.show("OPERA"); }};
-  for (size_t i = 0; i < 4; ++i) {
-    f.add(items[i].label, ControlKind::Label, items[i].title).on_click = modules[i];
-    f.add(items[i].image, ControlKind::Image).on_click = modules[i];
+  for (int i = 0; i < 4; ++i) {
+    auto open = [&rt, i] { open_module(rt, i); };
+    f.add(items[i].label, ControlKind::Label, items[i].title).on_click = open;
+    f.add(items[i].image, ControlKind::Image).on_click = open;
     f.add(std::string(items[i].label) + "_texto", ControlKind::Label, items[i].text);
     f.add(std::string(items[i].label) + "_tecla", ControlKind::Label, items[i].hint);
   }
   f.add("Command3", ControlKind::Button, "Manual").on_click = [&rt] { rt.host().start_program("Ajuda.exe"); };
   f.key_preview = true;
-  f.on_key_down = [modules](int& key, int) {
-    if (key >= ui::key::kF1 && key < ui::key::kF1 + 4) modules[key - ui::key::kF1]();
+  f.on_key_down = [&rt](int& key, int) {
+    if (key >= ui::key::kF1 && key < ui::key::kF1 + 4) open_module(rt, key - ui::key::kF1);
   };
   f.on_load = [&rt, &f] {
     ui::centra_form(f, 1024, 768);

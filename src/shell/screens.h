@@ -28,5 +28,8 @@ void show_waiting(ui::Runtime& rt, const std::string& target);
 void open_guarded(ui::Runtime& rt, const std::string& code);
 // The sales gate of the main screens, which also traps a failed read.
 void open_sales(ui::Runtime& rt);
+// The four modules both main screens offer, in their order:
+// Cadastros, Vendas, Financeiro, Operacional.
+void open_module(ui::Runtime& rt, int module);
 
 }  // namespace mz::shell

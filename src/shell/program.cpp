@@ -1,12 +1,13 @@
 #include "shell/program.h"
 
+#include "records/grade.h"
 #include "shell/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"GRADE",  "PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
+const char* const kNotYetBuilt[] = {"PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
                                     "NP",     "RECIBO",  "Contas",   "EMPRE",    "CONSULTA", "TELEFONE", "ENTRADA",
                                     "AUTO",   "REPARA",  "CADSENHA", "lay",      "VENDA",   "msn",    "SENHA"};
 
@@ -23,6 +24,7 @@ ui::Program program() {
     rt.register_screen("OPERA", make_opera);
     rt.register_screen("MENUDP", make_menudp);
     rt.register_screen("SENHA2", make_senha2);
+    rt.register_screen("GRADE", records::make_grade);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

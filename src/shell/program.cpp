@@ -8,8 +8,8 @@ namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
 const char* const kNotYetBuilt[] = {"PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
-                                    "NP",     "RECIBO",  "Contas",   "EMPRE",    "CONSULTA", "TELEFONE", "ENTRADA",
-                                    "AUTO",   "REPARA",  "CADSENHA", "lay",      "VENDA",   "msn",    "SENHA"};
+                                    "NP",     "RECIBO",  "Contas",   "CONSULTA", "TELEFONE", "ENTRADA",
+                                    "AUTO",   "REPARA",  "CADSENHA", "VENDA",   "msn",    "SENHA"};
 
 }  // namespace
 
@@ -25,6 +25,8 @@ ui::Program program() {
     rt.register_screen("MENUDP", make_menudp);
     rt.register_screen("SENHA2", make_senha2);
     rt.register_screen("GRADE", records::make_grade);
+    rt.register_screen("EMPRE", make_empre);
+    rt.register_screen("lay", make_lay);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

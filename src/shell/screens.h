@@ -18,6 +18,7 @@ std::unique_ptr<ui::Form> make_menudp(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_senha2(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_empre(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_lay(ui::Runtime& rt);
+std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt);
 // A module that is not built yet: says so and goes back.
 std::unique_ptr<ui::Form> make_unavailable(ui::Runtime& rt, const std::string& name);
 

@@ -9,7 +9,7 @@ namespace {
 // Every screen a menu or a gate can reach that is not built yet.
 const char* const kNotYetBuilt[] = {"PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
                                     "NP",     "RECIBO",  "Contas",   "CONSULTA", "TELEFONE", "ENTRADA",
-                                    "AUTO",   "REPARA",  "VENDA",   "msn",    "SENHA"};
+                                    "AUTO",   "REPARA",  "VENDA"};
 
 }  // namespace
 
@@ -28,6 +28,8 @@ ui::Program program() {
     rt.register_screen("EMPRE", make_empre);
     rt.register_screen("lay", make_lay);
     rt.register_screen("CADSENHA", make_cadsenha);
+    rt.register_screen("SENHA", make_senha);
+    rt.register_screen("msn", make_msn);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

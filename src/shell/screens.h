@@ -19,6 +19,8 @@ std::unique_ptr<ui::Form> make_senha2(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_empre(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_lay(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt);
+std::unique_ptr<ui::Form> make_senha(ui::Runtime& rt);
+std::unique_ptr<ui::Form> make_msn(ui::Runtime& rt);
 // A module that is not built yet: says so and goes back.
 std::unique_ptr<ui::Form> make_unavailable(ui::Runtime& rt, const std::string& name);
 

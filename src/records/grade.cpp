@@ -37,10 +37,8 @@ std::unique_ptr<ui::Form> make_grade(ui::Runtime& rt) {
     rt.message("Grade gravada com sucesso.");
   };
   auto volta = [&rt] { rt.close("GRADE"); };
-  f.add("Command16", ControlKind::Button, "Grava").on_click = grava;
-  f.add("Command7", ControlKind::Button, "Volta").on_click = volta;
-  f.add("sdfsd", ControlKind::MenuItem, "Grava").on_click = grava;
-  f.add("dfgdfg", ControlKind::MenuItem, "Volta").on_click = volta;
+  ui::add_action(f, "Command16", "sdfsd", "Grava", grava);
+  ui::add_action(f, "Command7", "dfgdfg", "Volta", volta);
   f.on_load = [&f] {
     ui::centra_form(f, 1024, 768);
     if (auto labels = grade_load())

@@ -68,10 +68,8 @@ std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt) {
     rt.message("Operação confirmada com sucesso.");
   };
   auto volta = [&rt] { rt.close("CADSENHA"); };
-  f.add("Command16", ControlKind::Button, "Grava").on_click = grava;
-  f.add("Command7", ControlKind::Button, "Volta").on_click = volta;
-  f.add("sdfds", ControlKind::MenuItem, "Grava").on_click = grava;
-  f.add("sdfsdf", ControlKind::MenuItem, "Volta").on_click = volta;
+  ui::add_action(f, "Command16", "sdfds", "Grava", grava);
+  ui::add_action(f, "Command7", "sdfsdf", "Volta", volta);
   f.on_load = [&f] { ui::centra_form(f, 1024, 768); };
   return form;
 }

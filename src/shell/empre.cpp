@@ -48,10 +48,8 @@ std::unique_ptr<ui::Form> make_empre(ui::Runtime& rt) {
     rt.message("Operação realizada.");
   };
   auto volta = [&rt] { rt.close("EMPRE"); };
-  f.add("Command16", ControlKind::Button, "Grava ").on_click = grava;
-  f.add("Command7", ControlKind::Button, "Volta").on_click = volta;
-  f.add("sdfsd", ControlKind::MenuItem, "Grava ").on_click = grava;
-  f.add("sdfsdf", ControlKind::MenuItem, "Volta").on_click = volta;
+  ui::add_action(f, "Command16", "sdfsd", "Grava ", grava);
+  ui::add_action(f, "Command7", "sdfsdf", "Volta", volta);
   f.on_load = [&f] {
     ui::centra_form(f, 1024, 768);
     store::Recordset rs = identity_row();

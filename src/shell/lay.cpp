@@ -22,10 +22,8 @@ std::unique_ptr<ui::Form> make_lay(ui::Runtime& rt) {
     rt.end_program();
   };
   auto volta = [&rt] { rt.close("lay"); };
-  f.add("Command16", ControlKind::Button, "Grava").on_click = grava;
-  f.add("Command7", ControlKind::Button, "Volta").on_click = volta;
-  f.add("fghf", ControlKind::MenuItem, "Grava").on_click = grava;
-  f.add("dfgf", ControlKind::MenuItem, "Volta").on_click = volta;
+  ui::add_action(f, "Command16", "fghf", "Grava", grava);
+  ui::add_action(f, "Command7", "dfgf", "Volta", volta);
   f.on_load = [&f] {
     store::Recordset rs = store::Workspace::open_database("\\lay.Mdb").open_recordset("Select * From lay");
     if (!rs.eof() && rs["lay"].text() == "1") f["Option1"].set_checked(true);

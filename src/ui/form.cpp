@@ -36,6 +36,12 @@ Control* Form::next_in_tab_order(const Control* from, bool backward) const {
   return nullptr;
 }
 
+void add_action(Form& form, const std::string& button, const std::string& menu_item, const std::string& caption,
+                std::function<void()> action) {
+  form.add(button, ControlKind::Button, caption).on_click = action;
+  form.add(menu_item, ControlKind::MenuItem, caption).on_click = std::move(action);
+}
+
 void centra_form(Form& form, int screen_width, int screen_height) {
   form.top = (screen_height - form.height) / 2;
   form.left = (screen_width - form.width) / 2;

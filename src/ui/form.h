@@ -45,6 +45,10 @@ class Form {
   std::vector<std::unique_ptr<Control>> controls_;
 };
 
+// A button and the menu item that does the same thing, as screens pair them.
+void add_action(Form& form, const std::string& button, const std::string& menu_item, const std::string& caption,
+                std::function<void()> action);
+
 // Centres the form on a display of the given size.
 void centra_form(Form& form, int screen_width, int screen_height);
 

@@ -10,6 +10,7 @@
 #include "store/data_folder.h"
 #include "store/database.h"
 #include "store/dialect.h"
+#include "desktop/desktop.h"
 #include "shell/program.h"
 #include "ui/script_runner.h"
 
@@ -61,18 +62,6 @@ int run_sql(const std::string& file, const std::string& statement) {
   return 0;
 }
 
-// Without a subcommand the program opens on its data folder; a folder with
-// no database file at all is a new shop and is set up first.
-int run_program(const fs::path& folder) {
-  if (store::is_new_shop(folder)) {
-    std::cout << "Nova loja: preparando a pasta de dados.\n";
-    print_report(store::setup_data_folder(folder), folder);
-  } else {
-    std::cout << "Pasta de dados: " << fs::absolute(folder).string() << "\n";
-  }
-  return 0;
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -88,10 +77,7 @@ int main(int argc, char** argv) {
     }
   }
   try {
-    if (args.empty()) {
-      store::Workspace::set_folder(folder);
-      return run_program(folder);
-    }
+    if (args.empty()) return desktop::run_desktop(argc, argv, folder, shell::program());
     if (args[0] == "init") {
       if (args.size() > 2) return usage();
       return run_init(args.size() == 2 ? fs::path(args[1]) : folder);

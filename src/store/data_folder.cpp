@@ -148,4 +148,10 @@ bool is_new_shop(const std::filesystem::path& folder) {
   return true;
 }
 
+bool prepare_shop_folder(const std::filesystem::path& folder) {
+  if (!is_new_shop(folder)) return false;
+  setup_data_folder(folder);
+  return true;
+}
+
 }  // namespace mz::store

@@ -18,5 +18,9 @@ SetupReport setup_data_folder(const std::filesystem::path& folder);
 
 // A folder without a single database file is a new shop.
 bool is_new_shop(const std::filesystem::path& folder);
+// What the program does on start: a new shop's folder is set up; a folder
+// with any database file is left alone, so a missing or damaged file shows
+// as such. True when it set the folder up.
+bool prepare_shop_folder(const std::filesystem::path& folder);
 
 }  // namespace mz::store

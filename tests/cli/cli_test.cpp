@@ -3,7 +3,6 @@
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <fstream>
 
 #include "support/scratch_folder.h"
 
@@ -70,18 +69,6 @@ TEST(Cli, InitSetsUpOnceAndSqlPrintsRegionalRows) {
     if (c.status == 0) EXPECT_EQ(r.out, c.out);
     else EXPECT_EQ(r.out.rfind(c.out, 0), 0u) << r.out;
   }
-}
-
-TEST(Cli, ProgramSetsUpOnlyANewShop) {
-  testing::TempFolder empty;
-  Result r = mostruz({"--pasta", empty.path().string()});
-  EXPECT_EQ(r.status, 0);
-  EXPECT_TRUE(std::filesystem::exists(empty.path() / "grade.db"));
-
-  testing::TempFolder damaged;  // one file left: not a new shop, nothing is made
-  std::ofstream(damaged.path() / "cada.db") << "";
-  EXPECT_EQ(mostruz({"--pasta", damaged.path().string()}).status, 0);
-  EXPECT_FALSE(std::filesystem::exists(damaged.path() / "grade.db"));
 }
 
 }  // namespace

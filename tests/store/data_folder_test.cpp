@@ -82,6 +82,16 @@ TEST(StoreDataFolder, RunningAgainAddsWhatIsMissingAndChangesNothing) {
   EXPECT_EQ(setup_data_folder(folder.path()).columns_added.size(), 0u);
 }
 
+TEST(StoreDataFolder, TheProgramSetsUpOnlyANewShop) {
+  TempFolder empty;
+  EXPECT_TRUE(prepare_shop_folder(empty.path()));
+  EXPECT_TRUE(std::filesystem::exists(empty.path() / "grade.db"));
+  TempFolder one_file_left;
+  { std::ofstream(one_file_left.path() / "cada.db") << ""; }
+  EXPECT_FALSE(prepare_shop_folder(one_file_left.path()));
+  EXPECT_FALSE(std::filesystem::exists(one_file_left.path() / "grade.db"));
+}
+
 TEST(StoreDataFolder, DamagedFileIsReportedNotReplaced) {
   ScratchFolder folder;
   Workspace::close_all();

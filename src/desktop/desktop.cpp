@@ -1,0 +1,145 @@
+#include "desktop/desktop.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDateTime>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QProcess>
+
+#include "core/error.h"
+#include "desktop/form_window.h"
+#include "store/data_folder.h"
+#include "store/database.h"
+
+namespace mz::desktop {
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+Date to_date(const QDateTime& t) {
+  return Date::from_ymd_hms(t.date().year(), t.date().month(), t.date().day(), t.time().hour(), t.time().minute(),
+                            t.time().second());
+}
+
+}  // namespace
+
+Desktop::Desktop(const ui::Program& program) : program_(program) { program_.register_screens(runtime_); }
+
+Desktop::~Desktop() {
+  windows_.clear();
+}
+
+void Desktop::start() {
+  try {
+    program_.start(runtime_);
+  } catch (const Error& e) {
+    message_box("Erro " + std::to_string(e.number()) + ": " + e.what(), ui::Buttons::Ok, ui::Icon::Critical, "Mostruz");
+  }
+  sync();
+}
+
+FormWindow* Desktop::window(const ui::Form& form) const {
+  auto it = windows_.find(&form);
+  return it == windows_.end() ? nullptr : it->second.get();
+}
+
+void Desktop::sync() {
+  for (auto& [form, window] : windows_) window->refresh();
+  if (in_dialog_) return;
+  ui::Control* focused = runtime_.focused();
+  if (!focused) return;
+  FormWindow* w = window(focused->form());
+  if (!w) return;
+  QWidget* target = w->widget(*focused);
+  if (!target) return;
+  if (!w->isActiveWindow()) {
+    w->raise();
+    w->activateWindow();
+  }
+  if (QApplication::focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
+}
+
+ui::Answer Desktop::message_box(const std::string& text, ui::Buttons buttons, ui::Icon icon, const std::string& title) {
+  QMessageBox box;
+  box.setWindowTitle(q(title));
+  box.setText(q(text));
+  switch (icon) {
+    case ui::Icon::Information: box.setIcon(QMessageBox::Information); break;
+    case ui::Icon::Question: box.setIcon(QMessageBox::Question); break;
+    case ui::Icon::Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case ui::Icon::Critical: box.setIcon(QMessageBox::Critical); break;
+    case ui::Icon::None: break;
+  }
+  QMessageBox::StandardButtons set = QMessageBox::Ok;
+  if (buttons == ui::Buttons::OkCancel) set = QMessageBox::Ok | QMessageBox::Cancel;
+  if (buttons == ui::Buttons::YesNo) set = QMessageBox::Yes | QMessageBox::No;
+  if (buttons == ui::Buttons::YesNoCancel) set = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+  box.setStandardButtons(set);
+  if (auto* yes = box.button(QMessageBox::Yes)) yes->setText("&Sim");
+  if (auto* no = box.button(QMessageBox::No)) no->setText("&Não");
+  if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("Cancelar");
+  ++in_dialog_;
+  int answer = box.exec();
+  --in_dialog_;
+  switch (answer) {
+    case QMessageBox::Yes: return ui::Answer::Yes;
+    case QMessageBox::No: return ui::Answer::No;
+    case QMessageBox::Cancel: return ui::Answer::Cancel;
+    default: return ui::Answer::Ok;
+  }
+}
+
+std::optional<std::string> Desktop::input_box(const std::string& prompt, const std::string& title,
+                                              const std::string& initial) {
+  bool ok = false;
+  ++in_dialog_;
+  QString text = QInputDialog::getText(nullptr, q(title), q(prompt), QLineEdit::Normal, q(initial), &ok);
+  --in_dialog_;
+  if (!ok) return std::nullopt;
+  return text.toStdString();
+}
+
+std::optional<std::string> Desktop::choose_printer() { return std::string(); }
+
+Date Desktop::today() { return now().date_only(); }
+Date Desktop::now() { return to_date(QDateTime::currentDateTime()); }
+
+void Desktop::screen_shown(ui::Form& form) {
+  auto& w = windows_[&form];
+  if (!w) w = std::make_unique<FormWindow>(*this, form);
+  w->show();
+}
+
+void Desktop::screen_closed(ui::Form& form) {
+  auto it = windows_.find(&form);
+  if (it == windows_.end()) return;
+  it->second->hide();
+  it->second.release()->deleteLater();  // the window may be inside its own event
+  windows_.erase(it);
+}
+
+void Desktop::wait_pointer(bool on) {
+  if (on == waiting_) return;
+  waiting_ = on;
+  if (on) QApplication::setOverrideCursor(Qt::WaitCursor);
+  else QApplication::restoreOverrideCursor();
+}
+
+void Desktop::end_program() { QApplication::quit(); }
+
+void Desktop::start_program(const std::string& program) {
+  QProcess::startDetached(q((store::Workspace::folder() / program).string()), {});
+}
+
+int run_desktop(int argc, char** argv, const std::filesystem::path& folder, const ui::Program& program) {
+  QApplication app(argc, argv);
+  store::prepare_shop_folder(folder);
+  store::Workspace::set_folder(folder);
+  Desktop desktop(program);
+  desktop.start();
+  if (QApplication::topLevelWidgets().isEmpty() || desktop.runtime().ended()) return 0;  // no main screen came up
+  return app.exec();
+}
+
+}  // namespace mz::desktop

@@ -1,0 +1,54 @@
+#pragma once
+// The Qt front end: draws every open screen of the runtime and forwards the
+// user's focus moves, keys and clicks to it. It keeps no logic of its own.
+#include <QObject>
+#include <QWidget>
+#include <filesystem>
+#include <map>
+#include <memory>
+
+#include "ui/runtime.h"
+#include "ui/script_runner.h"
+
+namespace mz::desktop {
+
+class FormWindow;
+
+class Desktop : public QObject, public ui::Host {
+ public:
+  explicit Desktop(const ui::Program& program);
+  ~Desktop() override;
+
+  ui::Runtime& runtime() { return runtime_; }
+  void start();
+  FormWindow* window(const ui::Form& form) const;
+  // Brings every window in line with the runtime's state, then puts the
+  // keyboard focus where the runtime has it.
+  void sync();
+
+  // ui::Host
+  ui::Answer message_box(const std::string& text, ui::Buttons buttons, ui::Icon icon, const std::string& title) override;
+  std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
+                                       const std::string& initial) override;
+  std::optional<std::string> choose_printer() override;
+  Date today() override;
+  Date now() override;
+  void screen_shown(ui::Form& form) override;
+  void screen_closed(ui::Form& form) override;
+  void wait_pointer(bool on) override;
+  void end_program() override;
+  void start_program(const std::string& program) override;
+
+ private:
+  ui::Program program_;
+  ui::Runtime runtime_{*this};
+  std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
+  bool waiting_ = false;
+  int in_dialog_ = 0;
+};
+
+// Opens the program on the data folder (setting up a new shop first);
+// returns the exit code.
+int run_desktop(int argc, char** argv, const std::filesystem::path& folder, const ui::Program& program);
+
+}  // namespace mz::desktop

@@ -34,6 +34,8 @@ std::unique_ptr<ui::Form> make_inicio(ui::Runtime& rt) {
     f.add(std::string(items[i].label) + "_texto", ControlKind::Label, items[i].text);
     f.add(std::string(items[i].label) + "_tecla", ControlKind::Label, items[i].hint);
   }
+  // The support picture in the corner, placed by the form's height.
+  f.add("Image2", ControlKind::Image, "Suporte On-Line").on_click = [&rt] { rt.show("msn"); };
   f.add("Command3", ControlKind::Button, "Manual").on_click = [&rt] { rt.host().start_program("Ajuda.exe"); };
   f.key_preview = true;
   f.on_key_down = [&rt](int& key, int) {

@@ -67,6 +67,61 @@ bool Control::can_take_focus() const {
          kind_ != ControlKind::MenuItem;
 }
 
+namespace {
+
+bool is_placeholder(char m) { return m == '#' || m == '0' || m == '9' || m == '?' || m == 'A' || m == '&'; }
+
+bool place_takes(char m, char32_t ch) {
+  bool digit = ch >= '0' && ch <= '9';
+  bool letter = (ch >= 'A' && ch <= 'Z') || (ch >= 'a' && ch <= 'z') || ch >= 0xC0;
+  if (m == '#' || m == '0' || m == '9') return digit;
+  if (m == '?') return letter;
+  if (m == 'A') return digit || letter;
+  return ch >= 32;
+}
+
+// The typed characters of a masked text, without the mask's literals.
+std::u32string typed_of(const std::string& mask, const std::string& text) {
+  std::u32string chars = to_u32(text), typed;
+  for (size_t i = 0; i < chars.size() && i < mask.size(); ++i)
+    if (is_placeholder(mask[i])) typed += chars[i];
+  return typed;
+}
+
+// Lays typed characters into the mask; literals only between them.
+std::string lay_out(const std::string& mask, const std::u32string& typed) {
+  std::u32string out;
+  size_t next = 0;
+  for (size_t i = 0; i < mask.size() && next < typed.size(); ++i)
+    out += is_placeholder(mask[i]) ? typed[next++] : static_cast<char32_t>(mask[i]);
+  return to_utf8(out);
+}
+
+}  // namespace
+
+bool type_masked(Control& box, char32_t ch) {
+  // A selection over the whole text is typed over, as in any field.
+  std::string before = box.sel_length > 0 && box.sel_start == 0 ? std::string() : box.text();
+  std::u32string typed = typed_of(box.mask, before);
+  size_t place = 0, seen = 0;
+  for (; place < box.mask.size(); ++place)
+    if (is_placeholder(box.mask[place]) && seen++ == typed.size()) break;
+  if (place >= box.mask.size() || !place_takes(box.mask[place], ch)) return false;
+  typed += ch;
+  box.set_text(lay_out(box.mask, typed));
+  box.sel_start = len(box.text());
+  box.sel_length = 0;
+  return true;
+}
+
+void erase_masked(Control& box) {
+  std::u32string typed = box.sel_length > 0 && box.sel_start == 0 ? std::u32string() : typed_of(box.mask, box.text());
+  if (!typed.empty() && !(box.sel_length > 0 && box.sel_start == 0)) typed.pop_back();
+  box.set_text(lay_out(box.mask, typed));
+  box.sel_start = len(box.text());
+  box.sel_length = 0;
+}
+
 void combo_inteligente(Control& combo, int& key) {
   if (key < 32) return;
   std::string prefix = left(combo.text(), combo.sel_start) + from_code_point(static_cast<char32_t>(key));

@@ -80,6 +80,14 @@ class Control {
   bool checked_ = false;
 };
 
+// Typing into a masked box: the character goes to the next place of the
+// mask, or is refused (false) when the place does not take it or the mask is
+// full. The literals of the mask ("/" in "##/##/####") come by themselves.
+bool type_masked(Control& box, char32_t ch);
+// Backspace in a masked box: the last typed character goes, with the
+// literals before it.
+void erase_masked(Control& box);
+
 // Type-ahead in a combo of names: the typed prefix completes to the first
 // item that starts with it, the proposed tail selected; the key is consumed.
 void combo_inteligente(Control& combo, int& key);

@@ -158,6 +158,11 @@ void Runtime::type_char(char32_t ch) {
   }
   if (key == 0) return;
   if (!c->is_entry() || key == key::kEscape) return;
+  if (c->kind() == ControlKind::MaskedBox && !c->mask.empty()) {
+    if (key == key::kBackspace) erase_masked(*c);
+    else type_masked(*c, static_cast<char32_t>(key));
+    return;
+  }
   std::string text = c->text();
   size_t start = std::min(c->sel_start, len(text));
   size_t length = std::min(c->sel_length, len(text) - start);

@@ -103,6 +103,32 @@ TEST(UiRuntime, DateAndMoneyFieldsAreNeverLeftInvalidOrEmpty) {
   }
 }
 
+TEST(UiRuntime, MaskedBoxesTakeOnlyWhatTheirMaskAllows) {
+  struct Case {
+    const char* mask;
+    const char* typed;  // "<" is Backspace
+    const char* text;
+  };
+  const std::vector<Case> cases = {
+      {"##/##/####", "22112026", "22/11/2026"}, {"##/##/####", "2211", "22/11"},
+      {"##/##/####", "22a/11", "22/11"},        {"##/##/####", "221120261", "22/11/2026"},
+      {"##/##/####", "2211<<3", "22/3"},          {"(##) ####-####", "1155551234", "(11) 5555-1234"},
+      {"##/##", "", ""},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.mask) + " " + c.typed);
+    Fixture f;
+    Form& form = f.rt.show("FICHA");
+    form["D"].mask = c.mask;
+    f.rt.set_focus(form["D"]);
+    for (char ch : std::string(c.typed)) {
+      if (ch == '<') f.rt.press_key(key::kBackspace);
+      else f.rt.type_char(static_cast<char32_t>(ch));
+    }
+    EXPECT_EQ(form["D"].text(), c.text);
+  }
+}
+
 TEST(UiRuntime, ComboCompletesFromItsList) {
   Fixture f;
   Form& form = f.rt.show("FICHA");

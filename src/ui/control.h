@@ -63,6 +63,8 @@ class Control {
   void set_list_index(int index);  // the text follows the chosen item
 
   GridCells grid;
+  // A grid bound to a query (the Data control): the file and the statement.
+  std::string database_name, record_source;
 
   std::function<void()> on_got_focus, on_lost_focus, on_click, on_dbl_click, on_change;
   std::function<void(int& key)> on_key_press;

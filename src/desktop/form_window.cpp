@@ -14,8 +14,11 @@
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 #include "core/text.h"
 #include "desktop/desktop.h"
@@ -60,28 +63,52 @@ constexpr int kSlotBlock = 10;
 }  // namespace
 
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
-  setAttribute(Qt::WA_DeleteOnClose, false);
   auto* outer = new QVBoxLayout(this);
-  QMenuBar* menu_bar = nullptr;
-  QMenu* menu = nullptr;
   auto* fields = new QGridLayout;
   auto* buttons = new QHBoxLayout;
   outer->addLayout(fields);
+  const auto& controls = form.controls();
+
+  // A screen with tabs lays each control on its page.
+  std::vector<QGridLayout*> pages;
+  for (const auto& c : controls) {
+    if (c->kind() != ControlKind::Tabs) continue;
+    auto* tabs = new QTabWidget(this);
+    for (const auto& title : c->items) {
+      auto* page = new QWidget(tabs);
+      pages.push_back(new QGridLayout(page));
+      tabs->addTab(page, q(title));
+    }
+    ui::Control& tab_control = *c;
+    connect(tabs, &QTabWidget::currentChanged, this, [this, &tab_control](int index) {
+      if (tab_control.list_index == index) return;
+      tab_control.list_index = index;
+      if (tab_control.on_click) tab_control.on_click();
+      desktop_.sync();
+    });
+    tabs->setObjectName(q(c->name()));
+    widgets_[c.get()] = tabs;
+    fields->addWidget(tabs, 0, 0, 1, 2);
+    break;
+  }
   outer->addStretch();
   outer->addLayout(buttons);
 
-  const auto& controls = form.controls();
-  int row = 0;
-  bool label_waiting = false;  // a caption on the row, waiting for its field
+  std::map<QGridLayout*, int> next_row;
+  std::map<QGridLayout*, bool> label_waiting;  // a caption on the row, waiting for its field
+  QMenu* menu = nullptr;
   for (size_t i = 0; i < controls.size(); ++i) {
     ui::Control& c = *controls[i];
+    if (c.kind() == ControlKind::Tabs) continue;
     if (c.kind() == ControlKind::MenuItem) {
-      if (!menu_bar) {
-        menu_bar = new QMenuBar(this);
+      if (!menu) {
+        auto* menu_bar = new QMenuBar(this);
         outer->setMenuBar(menu_bar);
         menu = menu_bar->addMenu("&Opções");
       }
-      QAction* action = menu->addAction(q(c.text()));
+      QString text = q(c.text());
+      if (c.shortcut) text += "\tF" + QString::number(c.shortcut - ui::key::kF1 + 1);
+      QAction* action = menu->addAction(text);
       connect(action, &QAction::triggered, this, [this, &c] {
         desktop_.runtime().click(c);
         desktop_.sync();
@@ -93,28 +120,32 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       buttons->addWidget(w);
       continue;
     }
+    QGridLayout* grid = pages.empty() ? fields : pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
+    int& row = next_row[grid];
+    if (grid == fields && row == 0 && !pages.empty()) row = 1;  // under the tabs
     // Size slots: ten boxes a row, compact.
     size_t run = 0;
-    while (i + run < controls.size() && controls[i + run]->kind() == ControlKind::TextBox) ++run;
-    if (!label_waiting && run >= kSlotBlock) {
+    while (i + run < controls.size() && controls[i + run]->kind() == ControlKind::TextBox &&
+           controls[i + run]->page == c.page)
+      ++run;
+    if (!label_waiting[grid] && run >= kSlotBlock) {
       auto* block = new QGridLayout;
       for (size_t k = 0; k < run; ++k) {
-        ui::Control& slot = *controls[i + k];
-        QWidget* box = k == 0 ? w : make_widget(slot);
+        QWidget* box = k == 0 ? w : make_widget(*controls[i + k]);
         box->setMaximumWidth(60);
         block->addWidget(box, static_cast<int>(k) / kSlotBlock, static_cast<int>(k) % kSlotBlock);
       }
-      fields->addLayout(block, row++, 0, 1, 2);
+      grid->addLayout(block, row++, 0, 1, 2);
       i += run - 1;
       continue;
     }
     if (c.kind() == ControlKind::Label && !c.text().empty()) {
-      if (label_waiting) ++row;
-      fields->addWidget(w, row, 0);
-      label_waiting = true;
+      if (label_waiting[grid]) ++row;
+      grid->addWidget(w, row, 0);
+      label_waiting[grid] = true;
     } else {
-      fields->addWidget(w, row++, 1);
-      label_waiting = false;
+      grid->addWidget(w, row++, 1);
+      label_waiting[grid] = false;
     }
   }
   setWindowTitle(q(form.caption));
@@ -244,6 +275,8 @@ void FormWindow::refresh() {
           if (r < g.fixed_rows) item->setFont([] { QFont f; f.setBold(true); return f; }());
           table->setItem(r, col, item);
         }
+    } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
+      if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
     } else if (auto* label = qobject_cast<QLabel*>(w)) {
       label->setText(q(c.text()));
     }

@@ -132,6 +132,8 @@ void Runtime::press_key(int key, int shift) {
     if (c) move_on(*c, shift != 0);
     return;
   }
+  for (const auto& item : form->controls())
+    if (item->kind() == ControlKind::MenuItem && item->shortcut == key && item->enabled) return click(*item);
   if (c && c->on_key_down) {
     c->on_key_down(key, shift);
     if (key == 0) return;

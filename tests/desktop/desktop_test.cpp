@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QTabWidget>
 #include <QTimer>
 #include <QTest>
 
@@ -68,6 +69,31 @@ TEST(Desktop, EveryScreenTakesTypingAndEnterMovesOn) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == moved_to; }, 2000))
         << "the keyboard focus followed the runtime";
   }
+}
+
+TEST(Desktop, TabsCarryTheirPagesAndFollowTheRuntime) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  desktop.runtime().register_screen("ABAS", [](ui::Runtime& rt) {
+    auto form = std::make_unique<ui::Form>(rt, "ABAS", "Abas");
+    ui::Control& tabs = form->add("SSTab1", ui::ControlKind::Tabs);
+    tabs.items = {"01- Itens", "04- Fechamento"};
+    tabs.list_index = 0;
+    form->add("GR", ui::ControlKind::TextBox);
+    form->add("W2", ui::ControlKind::TextBox).page = 1;
+    return form;
+  });
+  ui::Form& form = desktop.runtime().show("ABAS");
+  desktop.sync();
+  FormWindow* window = desktop.window(form);
+  auto* tabs = window->findChild<QTabWidget*>("SSTab1");
+  ASSERT_NE(tabs, nullptr);
+  EXPECT_EQ(tabs->count(), 2);
+  EXPECT_TRUE(tabs->widget(1)->isAncestorOf(window->widget(form["W2"])));
+  EXPECT_TRUE(tabs->widget(0)->isAncestorOf(window->widget(form["GR"])));
+  form["SSTab1"].list_index = 1;
+  desktop.sync();
+  EXPECT_EQ(tabs->currentIndex(), 1);
 }
 
 }  // namespace

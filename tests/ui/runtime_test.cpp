@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "core/input_helpers.h"
 #include "core/text.h"
 #include "ui/keys.h"
@@ -160,6 +162,19 @@ TEST(UiRuntime, OneInstancePerScreenAndItsControlsLoadIt) {
   f.rt.close("SENHA2");
   EXPECT_EQ(f.rt.screen("SENHA2")["NN"].text(), "") << "closing unloads the state";
   EXPECT_EQ(loads, 2);
+}
+
+TEST(UiRuntime, MenuItemsAnswerTheirFKey) {
+  Fixture f;
+  Form& form = f.rt.show("FICHA");
+  Control& item = form.add("sdfsd", ControlKind::MenuItem, "Grava");
+  item.shortcut = key::kF1 + 4;
+  item.on_click = [&f] { f.events.push_back("Grava"); };
+  f.rt.press_key(key::kF1 + 4);
+  EXPECT_EQ(f.events.back(), "Grava");
+  item.enabled = false;
+  f.rt.press_key(key::kF1 + 4);
+  EXPECT_EQ(std::count(f.events.begin(), f.events.end(), "Grava"), 1) << "a disabled item does nothing";
 }
 
 TEST(UiRuntime, OptionsExcludeEachOtherAndGridsBand) {

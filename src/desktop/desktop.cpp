@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDateTime>
+#include <QDir>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
@@ -101,6 +102,14 @@ std::optional<std::string> Desktop::input_box(const std::string& prompt, const s
 }
 
 std::optional<std::string> Desktop::choose_printer() { return std::string(); }
+
+bool Desktop::previous_instance() {
+  if (!instance_lock_) {
+    instance_lock_ = std::make_unique<QLockFile>(QDir::temp().filePath("mostruz.lock"));
+    instance_lock_->tryLock(0);
+  }
+  return !instance_lock_->isLocked();
+}
 
 Date Desktop::today() { return now().date_only(); }
 Date Desktop::now() { return to_date(QDateTime::currentDateTime()); }

@@ -1,6 +1,7 @@
 #pragma once
 // The Qt front end: draws every open screen of the runtime and forwards the
 // user's focus moves, keys and clicks to it. It keeps no logic of its own.
+#include <QLockFile>
 #include <QObject>
 #include <QWidget>
 #include <filesystem>
@@ -31,6 +32,7 @@ class Desktop : public QObject, public ui::Host {
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
+  bool previous_instance() override;
   Date today() override;
   Date now() override;
   void screen_shown(ui::Form& form) override;
@@ -44,6 +46,7 @@ class Desktop : public QObject, public ui::Host {
   ui::Runtime runtime_{*this};
   std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
   bool waiting_ = false;
+  std::unique_ptr<QLockFile> instance_lock_;
   int in_dialog_ = 0;
 };
 

@@ -216,6 +216,11 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       break;
   }
   w->setObjectName(q(c.name()));
+  if (c.bold) {
+    QFont font = w->font();
+    font.setBold(true);
+    w->setFont(font);
+  }
   watch(w, c);
   widgets_[&c] = w;
   return w;

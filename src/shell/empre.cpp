@@ -24,7 +24,7 @@ void keep_within(ui::Control& field) {
 std::unique_ptr<ui::Form> make_empre(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "EMPRE", "Cadastro da Loja");
   ui::Form& f = *form;
-  f.add("Label1", ControlKind::Label, "IDENTIFICAÇÃO DA LOJA");
+  f.add("Label1", ControlKind::Label, "IDENTIFICAÇÃO DA LOJA").bold = true;
   const std::pair<const char*, const char*> fields[] = {
       {"A1", "NOME:"}, {"A2", "TELEFONE:"}, {"A3", "ENDEREÇO:"}, {"A4", ""},
       {"A5", "MENSAGEM PARA O FINAL DA IMPRESSÃO DA VENDA."}, {"A6", ""}};

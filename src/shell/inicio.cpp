@@ -29,7 +29,9 @@ std::unique_ptr<ui::Form> make_inicio(ui::Runtime& rt) {
   };
   for (int i = 0; i < 4; ++i) {
     auto open = [&rt, i] { open_module(rt, i); };
-    f.add(items[i].label, ControlKind::Label, items[i].title).on_click = open;
+    ui::Control& title = f.add(items[i].label, ControlKind::Label, items[i].title);
+    title.on_click = open;
+    title.bold = true;
     f.add(items[i].image, ControlKind::Image).on_click = open;
     f.add(std::string(items[i].label) + "_texto", ControlKind::Label, items[i].text);
     f.add(std::string(items[i].label) + "_tecla", ControlKind::Label, items[i].hint);

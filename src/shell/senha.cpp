@@ -33,8 +33,14 @@ std::unique_ptr<ui::Form> make_senha(ui::Runtime& rt) {
     rt.set_focus(f["Text1"]);
   };
   f.add("Command2", ControlKind::Button, "&CANCELA").on_click = [&rt] { rt.end_program(); };
-  // An empty entry password lets everyone in at once.
+  // A second copy is refused; an empty entry password lets everyone in at once.
+  // (The old check for a two-digit year cannot fail: dates here always carry four.)
   f.on_activate = [&rt] {
+    if (rt.host().previous_instance()) {
+      rt.message("O software já está aberto. Se não conseguir entrar reinicie o computador.");
+      rt.end_program();
+      return;
+    }
     if (!entry_password().empty()) return;
     rt.show("INICIO");
     rt.close("SENHA");

@@ -56,6 +56,7 @@ class Control {
   std::string group;            // option buttons of one group exclude each other
   int page = 0;                 // the tab page the control lies on, on a screen with tabs
   int shortcut = 0;             // a menu item's F-key (its key code), 0 for none
+  bool bold = false;            // headings and titles
 
   bool checked() const { return checked_; }
   void set_checked(bool on);  // an option clears the others of its group

@@ -25,6 +25,8 @@ class Host {
                                                const std::string& initial) = 0;
   // The printer dialog: the chosen printer, or nullopt when cancelled.
   virtual std::optional<std::string> choose_printer() = 0;
+  // Whether another copy of the program is already running on this machine.
+  virtual bool previous_instance() = 0;
   virtual Date today() = 0;
   virtual Date now() = 0;
   virtual void screen_shown(Form& form) = 0;

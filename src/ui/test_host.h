@@ -31,11 +31,13 @@ class TestHost : public Host {
   std::deque<std::string> printers;  // the choices of the next printer dialogs
   bool waiting = false;
   bool ended = false;
+  bool another_copy_running = false;
 
   Answer message_box(const std::string& text, Buttons buttons, Icon icon, const std::string& title) override;
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
+  bool previous_instance() override { return another_copy_running; }
   Date today() override { return clock.date_only(); }
   Date now() override { return clock; }
   void screen_shown(Form& form) override;

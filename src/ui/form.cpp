@@ -24,6 +24,18 @@ Control& Form::operator[](std::string_view name) const {
   throw Error(err::kInvalidProcedureCall, "O controle '" + std::string(name) + "' não existe em " + name_ + ".");
 }
 
+// A group of options is one stop: Tab leaves the group, and enters it on the
+// option that is set, if one is.
+bool Form::passed_over_in_group(const Control* c, const Control* from) const {
+  if (c->kind() != ControlKind::OptionButton) return false;
+  if (from && from->kind() == ControlKind::OptionButton && from->group == c->group) return true;
+  if (c->checked()) return false;
+  for (const auto& other : controls_)
+    if (other.get() != c && other->kind() == ControlKind::OptionButton && other->group == c->group && other->checked())
+      return true;
+  return false;
+}
+
 Control* Form::next_in_tab_order(const Control* from, bool backward) const {
   const long n = static_cast<long>(controls_.size());
   long at = -1;  // from's place; -1 when the walk starts outside the form
@@ -31,7 +43,8 @@ Control* Form::next_in_tab_order(const Control* from, bool backward) const {
     if (controls_[static_cast<size_t>(i)].get() == from) at = i;
   for (long step = 1; step <= n; ++step) {
     long i = at < 0 ? (backward ? n - step : step - 1) : (at + (backward ? n - step : step)) % n;
-    if (controls_[static_cast<size_t>(i)]->can_take_focus()) return controls_[static_cast<size_t>(i)].get();
+    Control* c = controls_[static_cast<size_t>(i)].get();
+    if (c->can_take_focus() && !passed_over_in_group(c, from)) return c;
   }
   return nullptr;
 }

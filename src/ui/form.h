@@ -40,6 +40,8 @@ class Form {
   std::function<void(int& key)> on_key_press;
 
  private:
+  bool passed_over_in_group(const Control* c, const Control* from) const;
+
   Runtime& runtime_;
   std::string name_;
   std::vector<std::unique_ptr<Control>> controls_;

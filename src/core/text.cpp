@@ -208,6 +208,22 @@ std::string to_utf8(std::u32string_view s) {
   return out;
 }
 
+std::string to_windows_1252(std::string_view s) {
+  std::string out;
+  for (size_t i = 0; i < s.size();) {
+    char32_t c = next_char(s, i);
+    if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) {
+      out += static_cast<char>(c);
+      continue;
+    }
+    char byte = '?';
+    for (int k = 0; k < 32; ++k)
+      if (kWindows1252High[k] == c) byte = static_cast<char>(0x80 + k);
+    out += byte;
+  }
+  return out;
+}
+
 std::string ensure_utf8(std::string_view s) {
   for (size_t i = 0; i < s.size(); i += char_size(s, i)) {
     if (utf8_size(s, i) == 0) {

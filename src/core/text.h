@@ -44,5 +44,7 @@ std::string to_utf8(std::u32string_view s);
 // Text read from outside (files, arguments) that is not valid UTF-8 is taken
 // as Windows-1252, as the old data was.
 std::string ensure_utf8(std::string_view s);
+// Bytes for a printer that reads the old code page; what it lacks becomes "?".
+std::string to_windows_1252(std::string_view s);
 
 }  // namespace mz

@@ -4,6 +4,9 @@
 #include <QApplication>
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
+#include <QPainter>
+#include <QPrinter>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
@@ -102,6 +105,45 @@ std::optional<std::string> Desktop::input_box(const std::string& prompt, const s
 }
 
 std::optional<std::string> Desktop::choose_printer() { return std::string(); }
+
+void Desktop::print_document(const print::PrintedDocument& document) {
+  QPrinter printer;
+  QPainter painter;
+  if (!painter.begin(&printer)) throw Error(482, "Erro de impressora.");
+  // Liberation Sans stands for Arial: the same metrics, so columns fall alike.
+  QFont font(q(document.font == "ARIAL" ? std::string("Liberation Sans") : document.font));
+  font.setPointSizeF(document.size);
+  painter.setFont(font);
+  const int line_height = painter.fontMetrics().lineSpacing();
+  const int column_width = painter.fontMetrics().averageCharWidth();
+  for (size_t p = 0; p < document.pages.size(); ++p) {
+    if (p) printer.newPage();
+    int y = line_height;
+    for (const auto& line : document.pages[p]) {
+      // Print columns: each run of text starts where its blanks end.
+      QString text = q(line);
+      int column = 0;
+      while (column < text.size()) {
+        while (column < text.size() && text[column] == ' ') ++column;
+        int end = text.indexOf("  ", column);
+        if (end < 0) end = text.size();
+        painter.drawText(column * column_width, y, text.mid(column, end - column));
+        column = end;
+      }
+      y += line_height;
+    }
+  }
+  painter.end();
+}
+
+void Desktop::send_to_port(const std::string& bytes) {
+  // The printer's port as a plain file, as the dot-matrix tickets always went.
+  const char* port = std::getenv("MOSTRUZ_PORTA");
+  QFile file(port ? port : "/dev/usb/lp0");
+  if (!file.open(QIODevice::WriteOnly | QIODevice::Append) ||
+      file.write(bytes.data(), static_cast<qint64>(bytes.size())) != static_cast<qint64>(bytes.size()))
+    throw Error(57, "Erro de E/S no dispositivo: " + file.fileName().toStdString());
+}
 
 bool Desktop::previous_instance() {
   if (!instance_lock_) {

@@ -32,6 +32,8 @@ class Desktop : public QObject, public ui::Host {
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
+  void print_document(const print::PrintedDocument& document) override;
+  void send_to_port(const std::string& bytes) override;
   bool previous_instance() override;
   Date today() override;
   Date now() override;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "core/value.h"
+#include "print/line_printer.h"
 
 namespace mz::ui {
 
@@ -25,6 +26,10 @@ class Host {
                                                const std::string& initial) = 0;
   // The printer dialog: the chosen printer, or nullopt when cancelled.
   virtual std::optional<std::string> choose_printer() = 0;
+  // A document drawn by the program, to the current printer.
+  virtual void print_document(const print::PrintedDocument& document) = 0;
+  // Bytes straight to the printer's port; throws Error when the port fails.
+  virtual void send_to_port(const std::string& bytes) = 0;
   // Whether another copy of the program is already running on this machine.
   virtual bool previous_instance() = 0;
   virtual Date today() = 0;

@@ -268,8 +268,20 @@ class ScriptRun {
     } else if (what == "file") {
       bool exists = fs::exists(store::Workspace::folder() / word(w, 2));
       if ((exists ? "exists" : "missing") != word(w, 3)) fail(line, word(w, 2) + " " + word(w, 3), exists ? "exists" : "missing");
-    } else if (what == "report" || what == "printed" || what == "port") {
-      fail(line, "a " + what + " job", "none");  // nothing prints yet
+    } else if (what == "printed") {
+      std::vector<std::string> wanted;
+      for (size_t i = 2; i < w.size(); ++i) wanted.push_back(w[i].text);
+      if (printed_seen_ >= host_.printed.size()) return fail(line, "a printed document", "none");
+      std::vector<std::string> lines;
+      for (const auto& page : host_.printed[printed_seen_++].pages) lines.insert(lines.end(), page.begin(), page.end());
+      if (std::search(lines.begin(), lines.end(), wanted.begin(), wanted.end()) == lines.end())
+        fail(line, "printed lines " + join(wanted), join(lines));
+    } else if (what == "port") {
+      if (port_seen_ >= host_.port_jobs.size()) return fail(line, "a port job", "none");
+      const std::string& bytes = host_.port_jobs[port_seen_++];
+      if (bytes.find(word(w, 2)) == std::string::npos) fail(line, "port bytes " + in_quotes(word(w, 2)), in_quotes(bytes));
+    } else if (what == "report") {
+      fail(line, "a report run", "none");  // reports come with the report engine
     } else {
       throw Stop("unknown expectation " + what);
     }
@@ -286,7 +298,7 @@ class ScriptRun {
   TestHost host_;
   Runtime rt_{host_};
   std::string current_;
-  size_t seen_ = 0;
+  size_t seen_ = 0, printed_seen_ = 0, port_seen_ = 0;
   std::vector<std::string> failures_;
 };
 

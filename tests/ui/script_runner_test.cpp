@@ -46,6 +46,15 @@ Program test_program() {
         if (r.message("Confirma?", Buttons::YesNo) == Answer::Yes) r.message("Gravado: " + name.text());
       };
       form->add("Command2", ControlKind::Button, "Falha").on_click = [] { throw Error(3186, "bloqueado"); };
+      form->add("Command3", ControlKind::Button, "Cupom").on_click = [&r, &name] {
+        print::LinePrinter p;
+        p.text("  Cliente: ").text(name.text()).end_line();
+        p.tab(30).text("Total: 10,00").end_line();
+        r.host().print_document(p.end_doc());
+        print::RawPort port("\x1B\x0F");
+        port.line("  Cliente: " + name.text());
+        r.host().send_to_port(port.bytes());
+      };
       return form;
     });
   };
@@ -86,6 +95,27 @@ expect screen FICHA open
 )", &failed);
   EXPECT_EQ(out, "PASS ficha.script\n1 passed, 0 failed\n");
   EXPECT_EQ(failed, 0);
+}
+
+TEST(UiScript, ChecksWhatWasPrintedAndSentToThePort) {
+  int failed = -1;
+  std::string out = run(R"(open FICHA
+type A1 "Ana"
+click Command3
+expect printed "  Cliente: Ana" "                             Total: 10,00"
+expect port "\x1B\x0F  Cliente: Ana\x0D\x0A"
+click Command3
+expect printed "Total: 10,00"
+expect port "Bruno"
+expect printed "  Cliente: Ana"
+)", &failed);
+  EXPECT_EQ(out,
+            "FAIL ficha.script\n"
+            "ficha.script:7: expected printed lines \"Total: 10,00\", got \"  Cliente: Ana\" "
+            "\"                             Total: 10,00\"\n"
+            "ficha.script:8: expected port bytes \"Bruno\", got \"\x1B\x0F  Cliente: Ana\r\n\"\n"
+            "ficha.script:9: expected a printed document, got none\n"
+            "0 passed, 1 failed\n");
 }
 
 TEST(UiScript, ReportsEachFailedExpectationAndStopsAtALineItCannotCarryOut) {

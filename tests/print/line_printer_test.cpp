@@ -1,0 +1,44 @@
+#include "print/line_printer.h"
+
+#include <gtest/gtest.h>
+
+namespace mz::print {
+namespace {
+
+TEST(PrintLinePrinter, PrintColumnsAndPages) {
+  LinePrinter p;
+  p.set_font("ARIAL", 8);
+  p.text("  ");
+  p.end_line();
+  p.text("  ").text("2").tab(8).text("CAMISA POLO").tab(45).text("59,90");
+  p.end_line();
+  p.tab(30).text("Sub Total: 119,80");
+  p.end_line();
+  p.text("  uma linha longa que passa da coluna").tab(10).text("X");  // past the column: the next line
+  p.end_line();
+  p.new_page();
+  p.text("  Obrigado");
+  PrintedDocument doc = p.end_doc();
+  EXPECT_EQ(doc.font, "ARIAL");
+  EXPECT_EQ(doc.size, 8);
+  ASSERT_EQ(doc.pages.size(), 2u);
+  EXPECT_EQ(doc.pages[0], (std::vector<std::string>{
+                              "  ",
+                              "  2    CAMISA POLO" + std::string(26, ' ') + "59,90",  // 59,90 at column 45
+                              std::string(29, ' ') + "Sub Total: 119,80",
+                              "  uma linha longa que passa da coluna",
+                              "         X",
+                          }));
+  EXPECT_EQ(doc.pages[1], std::vector<std::string>{"  Obrigado"});
+  EXPECT_TRUE(p.end_doc().pages.empty()) << "the printer starts afresh";
+}
+
+TEST(PrintRawPort, EachLineBehindItsControlBytesInTheOldCodePage) {
+  RawPort port("\x1B\x0F");
+  port.line("  Data: 22/11/2026");
+  port.line("  Confecções São João €");
+  EXPECT_EQ(port.bytes(), "\x1B\x0F  Data: 22/11/2026\r\n\x1B\x0F  Confec\xE7\xF5" "es S\xE3o Jo\xE3o \x80\r\n");
+}
+
+}  // namespace
+}  // namespace mz::print

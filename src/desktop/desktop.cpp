@@ -10,6 +10,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QProcess>
+#include <QScreen>
 
 #include "core/error.h"
 #include "desktop/form_window.h"
@@ -156,9 +157,17 @@ bool Desktop::previous_instance() {
 Date Desktop::today() { return now().date_only(); }
 Date Desktop::now() { return to_date(QDateTime::currentDateTime()); }
 
+std::pair<int, int> Desktop::display_size() {
+  QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+  return {area.width(), area.height()};
+}
+
 void Desktop::screen_shown(ui::Form& form) {
   auto& w = windows_[&form];
-  if (!w) w = std::make_unique<FormWindow>(*this, form);
+  if (!w) {
+    w = std::make_unique<FormWindow>(*this, form);
+    if (form.left || form.top) w->move(form.left, form.top);  // a screen that centred itself
+  }
   w->show();
 }
 

@@ -37,6 +37,7 @@ class Desktop : public QObject, public ui::Host {
   bool previous_instance() override;
   Date today() override;
   Date now() override;
+  std::pair<int, int> display_size() override;
   void screen_shown(ui::Form& form) override;
   void screen_closed(ui::Form& form) override;
   void wait_pointer(bool on) override;

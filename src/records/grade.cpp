@@ -39,8 +39,8 @@ std::unique_ptr<ui::Form> make_grade(ui::Runtime& rt) {
   auto volta = [&rt] { rt.close("GRADE"); };
   ui::add_action(f, "Command16", "sdfsd", "Grava", grava);
   ui::add_action(f, "Command7", "dfgdfg", "Volta", volta);
-  f.on_load = [&f] {
-    ui::centra_form(f, 1024, 768);
+  f.on_load = [&rt, &f] {
+    rt.centre(f);
     if (auto labels = grade_load())
       for (int n = 1; n <= 50; ++n) f[slot(n)].set_text((*labels)[static_cast<size_t>(n - 1)]);
   };

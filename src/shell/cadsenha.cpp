@@ -29,10 +29,6 @@ constexpr PasswordField kFields[] = {
     {"A20", "DUPLICATA"},
 };
 
-store::Recordset password_row() {
-  return store::Workspace::open_database("\\CDSE.Mdb", ";pwd=604215").open_recordset("SELECT* FROM CDSEN where CODIGO = '1'");
-}
-
 }  // namespace
 
 std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt) {
@@ -70,7 +66,7 @@ std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt) {
   auto volta = [&rt] { rt.close("CADSENHA"); };
   ui::add_action(f, "Command16", "sdfds", "Grava", grava);
   ui::add_action(f, "Command7", "sdfsdf", "Volta", volta);
-  f.on_load = [&f] { ui::centra_form(f, 1024, 768); };
+  f.on_load = [&rt, &f] { rt.centre(f); };
   return form;
 }
 

@@ -50,8 +50,8 @@ std::unique_ptr<ui::Form> make_empre(ui::Runtime& rt) {
   auto volta = [&rt] { rt.close("EMPRE"); };
   ui::add_action(f, "Command16", "sdfsd", "Grava ", grava);
   ui::add_action(f, "Command7", "sdfsdf", "Volta", volta);
-  f.on_load = [&f] {
-    ui::centra_form(f, 1024, 768);
+  f.on_load = [&rt, &f] {
+    rt.centre(f);
     store::Recordset rs = identity_row();
     if (rs.eof()) return;
     for (const char* name : {"A1", "A2", "A3", "A4", "A5", "A6", "A10"}) f[name].set_text(rs[name].text());

@@ -29,12 +29,12 @@ const GateCode* gate_of(const std::string& code) {
   return nullptr;
 }
 
+}  // namespace
+
 store::Recordset password_row() {
   store::Database db = store::Workspace::open_database("\\CDSE.Mdb", ";pwd=604215");
   return db.open_recordset("SELECT* FROM CDSEN where CODIGO = '1'");
 }
-
-}  // namespace
 
 void show_waiting(ui::Runtime& rt, const std::string& target) {
   rt.wait_pointer(true);

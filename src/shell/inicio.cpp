@@ -44,7 +44,7 @@ std::unique_ptr<ui::Form> make_inicio(ui::Runtime& rt) {
     if (key >= ui::key::kF1 && key < ui::key::kF1 + 4) open_module(rt, key - ui::key::kF1);
   };
   f.on_load = [&rt, &f] {
-    ui::centra_form(f, 1024, 768);
+    rt.centre(f);
     f.caption = "Software Mostruz - " + format(Value(rt.host().today()), "dd/mm/yyyy");
     try {  // a missing identity leaves the labels as they are
       store::Recordset rs = store::Workspace::open_database("\\empe.Mdb").open_recordset("Select * From empe order by a1");

@@ -30,7 +30,7 @@ std::unique_ptr<ui::Form> make_menu(ui::Runtime& rt, const char* name, const cha
   };
   std::string menu = name;
   f.add("Command5", ControlKind::Button, "Volta").on_click = [&rt, menu] { rt.close(menu); };
-  f.on_load = [&f] { ui::centra_form(f, 1024, 768); };
+  f.on_load = [&rt, &f] { rt.centre(f); };
   return form;
 }
 

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "store/database.h"
 #include "ui/runtime.h"
 
 namespace mz::shell {
@@ -23,6 +24,9 @@ std::unique_ptr<ui::Form> make_senha(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_msn(ui::Runtime& rt);
 // A module that is not built yet: says so and goes back.
 std::unique_ptr<ui::Form> make_unavailable(ui::Runtime& rt, const std::string& name);
+
+// The one row of module passwords, opened with its connection text.
+store::Recordset password_row();
 
 // Shows a screen the way the menus do: the hourglass first, reset by the
 // first field of the screen that comes up.

@@ -9,11 +9,7 @@ using ui::ControlKind;
 
 namespace {
 
-std::string entry_password() {
-  store::Recordset rs = store::Workspace::open_database("\\CDSE.Mdb", ";pwd=604215")
-                            .open_recordset("SELECT* FROM CDSEN where CODIGO = '1'");
-  return rs["A11"].text();
-}
+std::string entry_password() { return password_row()["A11"].text(); }
 
 }  // namespace
 

@@ -3,6 +3,7 @@
 // the host: the desktop answers with real dialogs, the test host from a script.
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "core/value.h"
 #include "print/line_printer.h"
@@ -34,6 +35,8 @@ class Host {
   virtual bool previous_instance() = 0;
   virtual Date today() = 0;
   virtual Date now() = 0;
+  // The display the screens are centred on, in pixels.
+  virtual std::pair<int, int> display_size() = 0;
   virtual void screen_shown(Form& form) = 0;
   virtual void screen_closed(Form& form) = 0;
   virtual void wait_pointer(bool on) = 0;

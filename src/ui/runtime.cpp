@@ -200,6 +200,11 @@ Answer Runtime::message(const std::string& text, Buttons buttons, Icon icon, con
   return host_.message_box(text, buttons, icon, title);
 }
 
+void Runtime::centre(Form& form) {
+  auto [width, height] = host_.display_size();
+  centra_form(form, width, height);
+}
+
 void Runtime::end_program() {
   ended_ = true;
   host_.end_program();

@@ -46,6 +46,9 @@ class Runtime {
   void click(Control& control);
   void dbl_click(Control& control);
 
+  // CentraForm: the screen in the middle of the host's display.
+  void centre(Form& form);
+
   // A message box does not move the focus.
   Answer message(const std::string& text, Buttons buttons = Buttons::Ok, Icon icon = Icon::None,
                  const std::string& title = "Mostruz");

@@ -44,6 +44,7 @@ class TestHost : public Host {
   bool previous_instance() override { return another_copy_running; }
   Date today() override { return clock.date_only(); }
   Date now() override { return clock; }
+  std::pair<int, int> display_size() override { return {1024, 768}; }
   void screen_shown(Form& form) override;
   void screen_closed(Form& form) override;
   void wait_pointer(bool on) override { waiting = on; }

@@ -7,6 +7,7 @@
 
 #include "core/value.h"
 #include "print/line_printer.h"
+#include "print/report.h"
 
 namespace mz::ui {
 
@@ -29,6 +30,9 @@ class Host {
   virtual std::optional<std::string> choose_printer() = 0;
   // A document drawn by the program, to the current printer.
   virtual void print_document(const print::PrintedDocument& document) = 0;
+  // A laid-out report to the destination its component names: the preview
+  // window, the current printer, or a file the user chooses.
+  virtual void show_report(const print::ReportRequest& request, const print::Document& document) = 0;
   // Bytes straight to the printer's port; throws Error when the port fails.
   virtual void send_to_port(const std::string& bytes) = 0;
   // Whether another copy of the program is already running on this machine.

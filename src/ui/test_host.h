@@ -40,6 +40,14 @@ class TestHost : public Host {
   void print_document(const print::PrintedDocument& document) override { printed.push_back(document); }
   void send_to_port(const std::string& bytes) override { port_jobs.push_back(bytes); }
   std::vector<print::PrintedDocument> printed;
+  struct ReportJob {
+    print::ReportRequest request;
+    print::Document document;
+  };
+  void show_report(const print::ReportRequest& request, const print::Document& document) override {
+    reports.push_back({request, document});
+  }
+  std::vector<ReportJob> reports;
   std::vector<std::string> port_jobs;
   bool previous_instance() override { return another_copy_running; }
   Date today() override { return clock.date_only(); }

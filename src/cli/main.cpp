@@ -1,6 +1,7 @@
-// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT | script FILE...]
+// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT | script FILE... | report TEMPLATE --pdf OUT]
 #include <unistd.h>
 
+#include <ctime>
 #include <filesystem>
 #include <iostream>
 #include <string>
@@ -11,6 +12,9 @@
 #include "store/database.h"
 #include "store/dialect.h"
 #include "desktop/desktop.h"
+#include "print/render.h"
+#include "print/report.h"
+#include "print/spreadsheet.h"
 #include "shell/program.h"
 #include "ui/script_runner.h"
 
@@ -27,14 +31,16 @@ fs::path program_folder() {
 }
 
 int usage() {
-  std::cerr << "uso: mostruz [--pasta PASTA] [init PASTA | sql ARQUIVO \"INSTRUÇÃO\" | script ARQUIVO...]\n";
+  std::cerr << "uso: mostruz [--pasta PASTA] [init PASTA | sql ARQUIVO \"INSTRUÇÃO\" | script ARQUIVO... |"
+               " report MODELO --pdf|--xlsx SAIDA [--formula \"FÓRMULA\"]]\n";
   return 2;
 }
 
 void print_report(const store::SetupReport& report, const fs::path& folder) {
   std::cout << "Pasta de dados: " << fs::absolute(folder).string() << "\n";
   std::cout << report.files_created.size() << " arquivos criados, " << report.tables_created.size()
-            << " tabelas criadas, " << report.columns_added.size() << " colunas acrescentadas.\n";
+            << " tabelas criadas, " << report.columns_added.size() << " colunas acrescentadas, "
+            << report.templates_copied.size() << " modelos de relatório copiados.\n";
   for (const auto& f : report.files_created) std::cout << "  " << f << "\n";
   for (const auto& c : report.columns_added) std::cout << "  + " << c << "\n";
 }
@@ -62,6 +68,37 @@ int run_sql(const std::string& file, const std::string& statement) {
   return 0;
 }
 
+// The machine's date, for the heading of a report printed from here.
+Date local_today() {
+  std::time_t t = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&t, &local);
+  return Date::from_ymd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+}
+
+// Renders a template over the data file it names, as a screen would.
+int run_report(const std::vector<std::string>& args) {
+  std::string name, pdf, xlsx, formula;
+  for (size_t i = 1; i < args.size(); ++i) {
+    std::string* option = args[i] == "--pdf" ? &pdf : args[i] == "--xlsx" ? &xlsx : args[i] == "--formula" ? &formula
+                                                                                                           : nullptr;
+    if (option && i + 1 < args.size()) *option = args[++i];
+    else if (!option && name.empty()) name = args[i];
+    else return usage();
+  }
+  if (name.empty() || pdf.empty() == xlsx.empty()) return usage();
+  print::ReportRequest request;
+  request.report_file_name = name;
+  request.data_file = print::template_data_file(name);
+  request.selection_formula = formula;
+  request.destination = print::Destination::File;
+  request.spreadsheet = !xlsx.empty();
+  print::Document document = print::run_report(request, local_today());
+  if (request.spreadsheet) print::write_spreadsheet(document, xlsx);
+  else print::write_pdf(document, pdf);
+  return 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -85,6 +122,10 @@ int main(int argc, char** argv) {
     if (args[0] == "script") {
       if (args.size() < 2) return usage();
       return ui::run_scripts({args.begin() + 1, args.end()}, shell::program(), std::cout) ? 1 : 0;
+    }
+    if (args[0] == "report") {
+      store::Workspace::set_folder(folder);
+      return run_report(args);
     }
     if (args[0] == "sql") {
       if (args.size() != 3) return usage();

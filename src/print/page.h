@@ -39,6 +39,9 @@ struct Document {
   std::string title;
   double width = 210, height = 297;  // A4 portrait
   std::vector<Page> pages;
+  // A list's captions and then its rows, cell by cell as shown: what a
+  // spreadsheet of the report holds. Empty for forms.
+  std::vector<std::vector<std::string>> table;
 };
 
 // The text of a page as lines, top to bottom; the pieces of one line joined

@@ -24,6 +24,7 @@ struct ReportRequest {
   std::string report_file_name;   // the template, "\RECI.rpt"; looked up in the data folder
   Destination destination = Destination::Window;
   std::optional<Margins> margins;  // overrides the template's own margins
+  bool spreadsheet = false;        // to a file: a spreadsheet of the list rather than a PDF
 };
 
 // Error number of a template that is missing or cannot be read.
@@ -33,6 +34,10 @@ inline constexpr int kBadTemplate = 20504;
 // Throws Error kBadTemplate on a missing or malformed template, the store's
 // errors on a missing data file, and 3075 on a formula it cannot read.
 Document run_report(const ReportRequest& request, Date today);
+
+// The data file a template names for itself ("data reci.MDB"), for a run
+// that has no screen to name one; Error kBadTemplate when it names none.
+std::string template_data_file(const std::string& template_name);
 
 // The template's name as the request gives it, without folder: "RECI.rpt".
 std::string template_name(const ReportRequest& request);

@@ -2,12 +2,14 @@
 
 #include <sqlite3.h>
 
+#include <fstream>
 #include <set>
 
 #include "core/error.h"
 #include "store/names.h"
 #include "store/catalogue.h"
 #include "store/connection.h"
+#include "store/shipped_reports.h"
 #include "store/sql_functions.h"
 #include "store/sqlite_value.h"
 
@@ -124,6 +126,21 @@ void set_up_table(SetupFile& file, const FileDef& def, const TableDef& table, Se
               index_columns(index) + ")");
 }
 
+// The shop's own copy of each report template, never overwritten: a shop may
+// have adjusted it.
+void copy_missing_templates(const std::filesystem::path& folder, SetupReport& report) {
+  std::set<std::string> present;
+  for (const auto& entry : std::filesystem::directory_iterator(folder))
+    present.insert(lower_name(entry.path().filename().string()));
+  for (const ShippedReport& shipped : shipped_reports()) {
+    if (present.count(lower_name(shipped.name))) continue;
+    std::ofstream out(folder / shipped.name, std::ios::binary);
+    out << shipped.text;
+    if (!out) throw Error(dberr::kFileNotFound, std::string("Não foi possível gravar o relatório ") + shipped.name + ".");
+    report.templates_copied.push_back(shipped.name);
+  }
+}
+
 }  // namespace
 
 SetupReport setup_data_folder(const std::filesystem::path& folder) {
@@ -138,6 +155,7 @@ SetupReport setup_data_folder(const std::filesystem::path& folder) {
     file.exec("COMMIT");
     if (is_new) report.files_created.push_back(storage_name(def.name));
   }
+  copy_missing_templates(folder, report);
   return report;
 }
 

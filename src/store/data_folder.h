@@ -10,10 +10,12 @@ struct SetupReport {
   std::vector<std::string> files_created;   // storage names
   std::vector<std::string> tables_created;  // "file: table"
   std::vector<std::string> columns_added;   // "file: table.column"
+  std::vector<std::string> templates_copied;  // report templates, "RECI.rpt"
 };
 
 // Creates every missing file, table, column and index; a table made here
-// gets its delivered rows. Nothing that exists is changed.
+// gets its delivered rows, and every report template the folder lacks is
+// copied in. Nothing that exists is changed.
 SetupReport setup_data_folder(const std::filesystem::path& folder);
 
 // A folder without a single database file is a new shop.

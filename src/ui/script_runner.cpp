@@ -14,6 +14,7 @@
 #include "store/data_folder.h"
 #include "store/database.h"
 #include "store/dialect.h"
+#include "store/names.h"
 #include "ui/keys.h"
 #include "ui/test_host.h"
 
@@ -281,9 +282,34 @@ class ScriptRun {
       const std::string& bytes = host_.port_jobs[port_seen_++];
       if (bytes.find(word(w, 2)) == std::string::npos) fail(line, "port bytes " + in_quotes(word(w, 2)), in_quotes(bytes));
     } else if (what == "report") {
-      fail(line, "a report run", "none");  // reports come with the report engine
+      expect_report(w, line);
     } else {
       throw Stop("unknown expectation " + what);
+    }
+  }
+
+  // expect report "TEMPLATE" [data "FILE"] [formula "TEXT"] [to window|printer|file]
+  void expect_report(const std::vector<ScriptWord>& w, int line) {
+    const std::string& wanted = word(w, 2);
+    if (reports_seen_ >= host_.reports.size()) return fail(line, "report " + in_quotes(wanted), "none");
+    const print::ReportRequest& run = host_.reports[reports_seen_++].request;
+    if (!store::same_name(print::template_name(run), wanted))
+      fail(line, "report " + in_quotes(wanted), in_quotes(print::template_name(run)));
+    for (size_t i = 3; i < w.size(); i += 2) {
+      const std::string& check = w[i].text;
+      const std::string& value = word(w, i + 1);
+      if (check == "data") {
+        std::string file = run.data_file.substr(run.data_file.find_last_of("\\/") + 1);
+        if (!store::same_name(file, value)) fail(line, "data " + in_quotes(value), in_quotes(run.data_file));
+      } else if (check == "formula") {
+        if (run.selection_formula != value) fail(line, "formula " + in_quotes(value), in_quotes(run.selection_formula));
+      } else if (check == "to") {
+        static const char* const kNames[] = {"window", "printer", "file"};
+        std::string actual = kNames[static_cast<int>(run.destination)];
+        if (actual != value) fail(line, "to " + value, actual);
+      } else {
+        throw Stop("unknown report check " + check);
+      }
     }
   }
 
@@ -298,7 +324,7 @@ class ScriptRun {
   TestHost host_;
   Runtime rt_{host_};
   std::string current_;
-  size_t seen_ = 0, printed_seen_ = 0, port_seen_ = 0;
+  size_t seen_ = 0, printed_seen_ = 0, port_seen_ = 0, reports_seen_ = 0;
   std::vector<std::string> failures_;
 };
 

@@ -1,0 +1,196 @@
+// A list: the standard heading on every page, the column captions, the rows,
+// groups with their subtotals and the closing total.
+#include "core/format.h"
+#include "core/text.h"
+#include "print/render.h"
+#include "print/report_data.h"
+
+namespace mz::print {
+namespace {
+
+double line_height(double size) { return size * kMmPerPoint * 1.35; }
+
+// Cut at the column's edge, a character at a time.
+std::string fit(const std::string& text, double width, double size, bool bold) {
+  if (text_width(text, size, bold) <= width) return text;
+  std::u32string chars = to_u32(text);
+  while (!chars.empty() && text_width(to_utf8(chars), size, bold) > width) chars.pop_back();
+  return to_utf8(chars);
+}
+
+class ListLayout {
+ public:
+  ListLayout(const Template& t, ReportContext context) : t_(t), context_(std::move(context)) {
+    double x = t.margin_left;
+    for (const auto& c : t.columns) {
+      column_x_.push_back(x);
+      x += c.width;
+    }
+    right_ = t.page_width - t.margin_right;
+    bottom_ = t.page_height - t.margin_bottom;
+    row_height_ = line_height(t.font_size);
+    doc_.width = t.page_width;
+    doc_.height = t.page_height;
+    doc_.table.emplace_back();
+    for (const auto& c : t.columns) doc_.table.back().push_back(c.caption);
+  }
+
+  Document run() {
+    const auto& rows = context_.data->rows;
+    const size_t levels = t_.groups.size();
+    sums_.assign(levels + 1, std::vector<Currency>(t_.columns.size()));
+    counts_.assign(levels + 1, 0);
+    new_page();
+    for (size_t r = 0; r < rows.size(); ++r) {
+      size_t changed = levels;
+      for (size_t g = 0; g < levels && r > 0; ++g)
+        if (group_value(rows[r], g).text() != group_value(rows[r - 1], g).text()) {
+          changed = g;
+          break;
+        }
+      if (r == 0) changed = 0;
+      if (r > 0)
+        for (size_t g = levels; g-- > changed;) close_group(g, rows[r - 1]);
+      for (size_t g = changed; g < levels; ++g) open_group(g, rows[r]);
+      add_row(rows[r]);
+    }
+    if (!rows.empty())
+      for (size_t g = levels; g-- > 0;) close_group(g, rows.back());
+    if (t_.has_total) {
+      context_.count = counts_[levels];
+      sum_line(context_.fill(t_.total, nullptr), sums_[levels]);
+    }
+    return std::move(doc_);
+  }
+
+ private:
+  Value group_value(const std::vector<Value>& row, size_t g) const {
+    return row[static_cast<size_t>(context_.data->index(t_.groups[g].column))];
+  }
+
+  Page& page() { return doc_.pages.back(); }
+
+  void text(double x, double y, double width, std::string s, double size, bool bold, Align align) {
+    page().items.push_back(TextItem{x, y, width, std::move(s), size, bold, align});
+  }
+
+  void new_page() {
+    doc_.pages.emplace_back();
+    context_.page = static_cast<int>(doc_.pages.size());
+    const double left = t_.margin_left, width = right_ - left;
+    double y = t_.margin_top;
+    text(left, y, width * 0.7, fit(context_.identity[0], width * 0.7, 11, true), 11, true, Align::Left);
+    text(left, y, width, "Emitido em " + format(Value(context_.today), "dd/mm/yyyy"), 8, false, Align::Right);
+    y += line_height(11);
+    std::string address;
+    for (size_t i : {2u, 3u})
+      if (!trim(context_.identity[i]).empty()) address += (address.empty() ? "" : " - ") + trim(context_.identity[i]);
+    if (!trim(context_.identity[1]).empty()) address += (address.empty() ? "Fone: " : " - Fone: ") + trim(context_.identity[1]);
+    if (!address.empty()) {
+      text(left, y, width, fit(address, width, 8, false), 8, false, Align::Left);
+      y += line_height(8);
+    }
+    y += 1;
+    text(left, y, width, fit(t_.title, width * 0.75, 12, true), 12, true, Align::Center);
+    text(left, y, width, "Página " + std::to_string(context_.page) + " de " + kPageCountMark, 8, false, Align::Right);
+    y += line_height(12);
+    if (!t_.subtitle.empty() && !context_.data->rows.empty()) {
+      std::string sub = context_.fill(t_.subtitle, &context_.data->rows.front());
+      text(left, y, width, fit(sub, width, t_.font_size, false), t_.font_size, false, Align::Center);
+      y += line_height(t_.font_size);
+    }
+    y += 1.5;
+    for (size_t c = 0; c < t_.columns.size(); ++c) {
+      const ListColumn& col = t_.columns[c];
+      text(column_x_[c], y, col.width - 1, fit(col.caption, col.width - 1, t_.font_size, true), t_.font_size, true,
+           col.align);
+    }
+    y += row_height_;
+    page().items.push_back(LineItem{left, y, right_, y, 0.4});
+    y_ = y + 0.8;
+  }
+
+  // Room for `lines` more lines on this page, or a new page.
+  void make_room(int lines) {
+    if (y_ + lines * row_height_ > bottom_) new_page();
+  }
+
+  void add_row(const std::vector<Value>& row) {
+    make_room(1);
+    doc_.table.emplace_back();
+    for (size_t c = 0; c < t_.columns.size(); ++c) {
+      const ListColumn& col = t_.columns[c];
+      doc_.table.back().push_back(context_.fill(col.text, &row));
+      std::string s = fit(doc_.table.back().back(), col.width - 1, t_.font_size, false);
+      if (!s.empty()) text(column_x_[c], y_, col.width - 1, std::move(s), t_.font_size, false, col.align);
+      if (col.sum) {
+        Currency v = sum_value(context_.first_field(col.text, row));
+        for (auto& level : sums_) level[c] = level[c] + v;
+      }
+    }
+    for (long& n : counts_) ++n;
+    y_ += row_height_;
+  }
+
+  void open_group(size_t g, const std::vector<Value>& row) {
+    sums_[g].assign(t_.columns.size(), Currency{});
+    counts_[g] = 0;
+    std::string header = context_.fill(t_.groups[g].header, &row);
+    if (header.empty()) return;
+    make_room(2);
+    y_ += 0.8;
+    double width = right_ - t_.margin_left;
+    text(t_.margin_left, y_, width, fit(header, width, t_.font_size, true), t_.font_size, true, Align::Left);
+    y_ += row_height_;
+  }
+
+  void close_group(size_t g, const std::vector<Value>& row) {
+    context_.count = counts_[g];
+    sum_line(context_.fill(t_.groups[g].footer, &row), sums_[g]);
+  }
+
+  bool has_sums() const {
+    for (const auto& c : t_.columns)
+      if (c.sum) return true;
+    return false;
+  }
+
+  // A closing line: its text left, the sums under their columns, a rule above.
+  void sum_line(const std::string& caption, const std::vector<Currency>& sums) {
+    if (caption.empty() && !has_sums()) return;
+    make_room(1);
+    page().items.push_back(LineItem{t_.margin_left, y_ + 0.2, right_, y_ + 0.2, 0.2});
+    y_ += 0.6;
+    double caption_width = right_ - t_.margin_left;
+    for (size_t c = 0; c < t_.columns.size(); ++c) {
+      const ListColumn& col = t_.columns[c];
+      if (!col.sum) continue;
+      caption_width = std::min(caption_width, column_x_[c] - t_.margin_left);
+      std::string pattern = "###,##0.00";
+      for (const Piece& p : col.text)
+        if (!p.field.empty()) {
+          if (!p.pattern.empty()) pattern = p.pattern;
+          break;
+        }
+      text(column_x_[c], y_, col.width - 1, format(Value(sums[c]), pattern), t_.font_size, true, col.align);
+    }
+    if (!caption.empty() && caption_width > 2)
+      text(t_.margin_left, y_, caption_width, fit(caption, caption_width - 1, t_.font_size, true), t_.font_size, true,
+           Align::Left);
+    y_ += row_height_ + 0.8;
+  }
+
+  const Template& t_;
+  ReportContext context_;
+  Document doc_;
+  std::vector<double> column_x_;
+  double right_ = 0, bottom_ = 0, row_height_ = 0, y_ = 0;
+  std::vector<std::vector<Currency>> sums_;  // per group level, the report's last
+  std::vector<long> counts_;
+};
+
+}  // namespace
+
+Document layout_list(const Template& t, const ReportContext& context) { return ListLayout(t, context).run(); }
+
+}  // namespace mz::print

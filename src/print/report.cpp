@@ -1,0 +1,198 @@
+#include "print/report.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "core/error.h"
+#include "core/format.h"
+#include "core/regional.h"
+#include "print/report_data.h"
+#include "print/selection.h"
+#include "store/collation.h"
+#include "store/database.h"
+#include "store/names.h"
+#include "store/shipped_reports.h"
+
+namespace mz::print {
+namespace fs = std::filesystem;
+namespace {
+
+std::string base_name(std::string_view path) {
+  size_t slash = path.find_last_of("\\/");
+  return std::string(slash == std::string_view::npos ? path : path.substr(slash + 1));
+}
+
+// The data folder's copy, found in any case spelling; a folder set up before
+// the template shipped falls back to the program's own copy.
+std::string template_text(const std::string& name) {
+  std::error_code ec;
+  for (const auto& entry : fs::directory_iterator(store::Workspace::folder(), ec)) {
+    if (!store::same_name(entry.path().filename().string(), name)) continue;
+    std::ifstream in(entry.path(), std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (in.bad()) break;
+    return text.str();
+  }
+  for (const auto& shipped : store::shipped_reports())
+    if (store::same_name(shipped.name, name)) return shipped.text;
+  throw Error(kBadTemplate, "Não foi possível abrir o relatório " + name + ".");
+}
+
+std::vector<std::string> shop_identity() {
+  std::vector<std::string> identity(6);
+  try {
+    store::Recordset rs = store::Workspace::open_database("\\EMPE.Mdb").open_recordset("SELECT* FROM EMPE ORDER BY A1");
+    for (size_t i = 0; i < identity.size() && !rs.eof(); ++i) identity[i] = rs["A" + std::to_string(i + 1)].text();
+  } catch (const Error&) {
+    // A report prints without the heading rather than not at all.
+  }
+  return identity;
+}
+
+ReportRows read_rows(const std::string& data_file, const Template& t, const Selection& selection) {
+  store::Database db = store::Workspace::open_trusted(data_file);
+  store::Recordset rs = db.open_recordset("Select * From " + t.table);
+  ReportRows data;
+  for (size_t i = 0; i < rs.field_count(); ++i) data.columns.push_back(store::lower_name(rs[i].name()));
+  for (const std::string& column : t.columns_used())
+    if (data.index(column) < 0)
+      throw Error(kBadTemplate, "O relatório usa o campo " + column + ", que a tabela " + t.table + " não tem.");
+  for (const auto& c : selection.conditions())
+    if (data.index(c.column) < 0) throw Error(3075, "Campo desconhecido na fórmula de seleção: " + c.column + ".");
+  for (; !rs.eof(); rs.move_next()) {
+    std::vector<Value> row;
+    row.reserve(data.columns.size());
+    for (size_t i = 0; i < data.columns.size(); ++i) row.push_back(rs[i].value());
+    auto field = [&](const std::string& column) { return row[static_cast<size_t>(data.index(column))]; };
+    if (selection.matches(field)) data.rows.push_back(std::move(row));
+  }
+  return data;
+}
+
+int compare_values(const Value& a, const Value& b) {
+  auto kind_rank = [](const Value& v) {
+    switch (v.kind()) {
+      case Value::Kind::Empty:
+      case Value::Kind::Null: return 0;
+      case Value::Kind::Number:
+      case Value::Kind::Currency:
+      case Value::Kind::Boolean: return 1;
+      case Value::Kind::Date: return 2;
+      case Value::Kind::Text: return 3;
+    }
+    return 3;
+  };
+  int ra = kind_rank(a), rb = kind_rank(b);
+  if (ra != rb) return ra < rb ? -1 : 1;
+  if (ra == 0) return 0;
+  if (ra == 3) return store::compare_text(a.text(), b.text());
+  double x = ra == 2 ? a.raw_date().serial : a.to_number(), y = ra == 2 ? b.raw_date().serial : b.to_number();
+  return (x > y) - (x < y);
+}
+
+void sort_rows(ReportRows& data, const std::vector<SortKey>& order) {
+  if (order.empty()) return;
+  std::vector<std::pair<size_t, bool>> keys;
+  for (const auto& k : order) keys.emplace_back(static_cast<size_t>(data.index(k.column)), k.descending);
+  std::stable_sort(data.rows.begin(), data.rows.end(), [&](const auto& a, const auto& b) {
+    for (const auto& [i, descending] : keys) {
+      int c = compare_values(a[i], b[i]);
+      if (c != 0) return descending ? c > 0 : c < 0;
+    }
+    return false;
+  });
+}
+
+constexpr double kMmPerTwip = 25.4 / 1440;
+
+}  // namespace
+
+int ReportRows::index(const std::string& lower_name) const {
+  auto it = std::find(columns.begin(), columns.end(), lower_name);
+  return it == columns.end() ? -1 : static_cast<int>(it - columns.begin());
+}
+
+std::string ReportContext::fill(const FieldText& text, const std::vector<Value>* row) const {
+  std::string out;
+  for (const Piece& p : text) {
+    if (p.field.empty()) {
+      out += p.literal;
+    } else if (p.field == "hoje") {
+      out += format(Value(today), p.pattern.empty() ? "dd/mm/yyyy" : p.pattern);
+    } else if (p.field == "pagina") {
+      out += std::to_string(page);
+    } else if (p.field == "paginas") {
+      out += kPageCountMark;
+    } else if (p.field == "contagem") {
+      out += std::to_string(count);
+    } else if (p.field.rfind("loja.a", 0) == 0) {
+      size_t n = static_cast<size_t>(std::atoi(p.field.c_str() + 6));
+      if (n >= 1 && n <= identity.size()) out += identity[n - 1];
+    } else if (row) {
+      Value v = (*row)[static_cast<size_t>(data->index(p.field))];
+      out += p.pattern.empty() ? v.text() : format(v, p.pattern);
+    }
+  }
+  return out;
+}
+
+Value ReportContext::first_field(const FieldText& text, const std::vector<Value>& row) const {
+  for (const Piece& p : text)
+    if (!p.field.empty()) {
+      int i = data->index(p.field);
+      return i < 0 ? Value() : row[static_cast<size_t>(i)];
+    }
+  return Value();
+}
+
+Currency sum_value(const Value& value) {
+  switch (value.kind()) {
+    case Value::Kind::Currency: return value.raw_currency();
+    case Value::Kind::Number: return Currency::from_double(value.raw_number());
+    case Value::Kind::Text: return parse_money(value.raw_text()).value_or(Currency{});
+    default: return Currency{};
+  }
+}
+
+void number_pages(Document& document) {
+  const std::string count = std::to_string(document.pages.size());
+  for (Page& page : document.pages)
+    for (Item& item : page.items)
+      if (auto* text = std::get_if<TextItem>(&item)) {
+        size_t at;
+        while ((at = text->text.find(kPageCountMark)) != std::string::npos)
+          text->text.replace(at, std::string_view(kPageCountMark).size(), count);
+      }
+}
+
+std::string template_data_file(const std::string& template_name) {
+  const std::string name = base_name(template_name);
+  Template t = parse_template(template_text(name), name);
+  if (t.data_file.empty()) throw Error(kBadTemplate, "O relatório " + name + " não indica seu arquivo de dados.");
+  return t.data_file;
+}
+
+std::string template_name(const ReportRequest& request) { return base_name(request.report_file_name); }
+
+Document run_report(const ReportRequest& request, Date today) {
+  const std::string name = template_name(request);
+  Template t = parse_template(template_text(name), name);
+  if (request.margins) {
+    t.margin_top = request.margins->top * kMmPerTwip;
+    t.margin_left = request.margins->left * kMmPerTwip;
+    t.margin_right = request.margins->right * kMmPerTwip;
+    t.margin_bottom = request.margins->bottom * kMmPerTwip;
+  }
+  ReportRows data = read_rows(request.data_file, t, Selection::parse(request.selection_formula));
+  sort_rows(data, t.order);
+  ReportContext context{&data, shop_identity(), today, 1, static_cast<long>(data.rows.size())};
+  Document document = t.kind == Template::Kind::List ? layout_list(t, context) : layout_form(t, context);
+  document.title = t.title.empty() ? name : t.title;
+  number_pages(document);
+  return document;
+}
+
+}  // namespace mz::print

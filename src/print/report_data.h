@@ -1,0 +1,46 @@
+#pragma once
+// What a template's placeholders read: the selected rows of the data file,
+// the shop's identity, today and the page being laid out.
+#include <string>
+#include <vector>
+
+#include "core/value.h"
+#include "print/template.h"
+
+namespace mz::print {
+
+struct ReportRows {
+  std::vector<std::string> columns;  // lower case, in the table's order
+  std::vector<std::vector<Value>> rows;
+  // The column's position, or -1.
+  int index(const std::string& lower_name) const;
+};
+
+// Stands for the page count until the last page is laid out.
+inline constexpr const char* kPageCountMark = "\x01paginas\x01";
+
+struct ReportContext {
+  const ReportRows* data = nullptr;
+  std::vector<std::string> identity;  // A1 .. A6 of the shop's row
+  Date today;
+  int page = 1;
+  long count = 0;  // rows of the group or of the report, for {contagem}
+
+  // The text with its placeholders filled from `row` (nullptr: no row).
+  std::string fill(const FieldText& text, const std::vector<Value>* row) const;
+  // The value of the first field of a text, for sums.
+  Value first_field(const FieldText& text, const std::vector<Value>& row) const;
+};
+
+// A value added up by a sum column: money and numbers, also written as text.
+Currency sum_value(const Value& value);
+
+// Puts the page count in place of its mark on every page.
+void number_pages(Document& document);
+
+Document layout_list(const Template& t, const ReportContext& context);
+Document layout_form(const Template& t, const ReportContext& context);
+
+inline constexpr double kMmPerPoint = 25.4 / 72;
+
+}  // namespace mz::print

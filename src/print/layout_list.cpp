@@ -71,7 +71,7 @@ class ListLayout {
   Page& page() { return doc_.pages.back(); }
 
   void text(double x, double y, double width, std::string s, double size, bool bold, Align align) {
-    page().items.push_back(TextItem{x, y, width, std::move(s), size, bold, align});
+    page().items.emplace_back(std::in_place_type<TextItem>, x, y, width, std::move(s), size, bold, align);
   }
 
   void new_page() {
@@ -106,7 +106,7 @@ class ListLayout {
            col.align);
     }
     y += row_height_;
-    page().items.push_back(LineItem{left, y, right_, y, 0.4});
+    page().items.emplace_back(std::in_place_type<LineItem>, left, y, right_, y, 0.4);
     y_ = y + 0.8;
   }
 
@@ -159,7 +159,7 @@ class ListLayout {
   void sum_line(const std::string& caption, const std::vector<Currency>& sums) {
     if (caption.empty() && !has_sums()) return;
     make_room(1);
-    page().items.push_back(LineItem{t_.margin_left, y_ + 0.2, right_, y_ + 0.2, 0.2});
+    page().items.emplace_back(std::in_place_type<LineItem>, t_.margin_left, y_ + 0.2, right_, y_ + 0.2, 0.2);
     y_ += 0.6;
     double caption_width = right_ - t_.margin_left;
     for (size_t c = 0; c < t_.columns.size(); ++c) {

@@ -18,25 +18,29 @@ LinePrinter& LinePrinter::text(std::string_view s) {
 LinePrinter& LinePrinter::tab(int column) {
   size_t at = len(line_) + 1;  // the print position, 1-based
   if (at > static_cast<size_t>(column)) {
-    page_.push_back(line_);
-    line_.clear();
+    end_line();
     at = 1;
   }
   line_ += space(static_cast<size_t>(column) - at);
+  line_starts_.push_back(static_cast<size_t>(column) - 1);
   open_line_ = true;
   return *this;
 }
 
 void LinePrinter::end_line() {
   page_.push_back(line_);
+  page_starts_.push_back(line_starts_);
   line_.clear();
+  line_starts_.clear();
   open_line_ = false;
 }
 
 void LinePrinter::new_page() {
   if (open_line_) end_line();
   doc_.pages.push_back(std::move(page_));
+  doc_.column_starts.push_back(std::move(page_starts_));
   page_.clear();
+  page_starts_.clear();
 }
 
 PrintedDocument LinePrinter::end_doc() {
@@ -47,5 +51,33 @@ PrintedDocument LinePrinter::end_doc() {
 }
 
 void RawPort::line(std::string_view text) { bytes_ += prefix_ + to_windows_1252(text) + "\r\n"; }
+
+
+Document lay_out_printed(const PrintedDocument& printed) {
+  constexpr double kMargin = 10, kMmPerPoint = 25.4 / 72;
+  constexpr double kAverageCharWidth = 0.441;  // of Arial, in ems: the width of one print column
+  const double column = printed.size * kMmPerPoint * kAverageCharWidth;
+  const double line_height = printed.size * kMmPerPoint * 1.15;
+  Document doc;
+  for (size_t p = 0; p < printed.pages.size(); ++p) {
+    Page& page = doc.pages.emplace_back();
+    double y = kMargin;
+    for (size_t l = 0; l < printed.pages[p].size(); ++l, y += line_height) {
+      std::u32string line = to_u32(printed.pages[p][l]);
+      std::vector<size_t> starts = {0};
+      if (p < printed.column_starts.size() && l < printed.column_starts[p].size())
+        for (size_t s : printed.column_starts[p][l])
+          if (s > starts.back() && s < line.size()) starts.push_back(s);
+      for (size_t i = 0; i < starts.size(); ++i) {
+        size_t end = i + 1 < starts.size() ? starts[i + 1] : line.size();
+        std::string piece = rtrim(to_utf8(line.substr(starts[i], end - starts[i])));
+        if (piece.empty()) continue;
+        page.items.emplace_back(std::in_place_type<TextItem>, kMargin + static_cast<double>(starts[i]) * column, y, 0.0,
+                                piece, printed.size, false, Align::Left);
+      }
+    }
+  }
+  return doc;
+}
 
 }  // namespace mz::print

@@ -7,13 +7,23 @@
 #include <string_view>
 #include <vector>
 
+#include "print/page.h"
+
 namespace mz::print {
 
 struct PrintedDocument {
   std::string font = "ARIAL";
   double size = 10;
   std::vector<std::vector<std::string>> pages;  // lines of each page
+  // For each line of each page, the character positions (0-based) where a
+  // print column placed the text that follows, so that the columns line up
+  // on paper in a proportional font.
+  std::vector<std::vector<std::vector<size_t>>> column_starts;
 };
+
+// The document on A4 sheets: each piece of a line at its print column, a
+// column being the font's average character width, as on the old printer.
+Document lay_out_printed(const PrintedDocument& printed);
 
 class LinePrinter {
  public:
@@ -31,7 +41,9 @@ class LinePrinter {
  private:
   PrintedDocument doc_;
   std::vector<std::string> page_;
+  std::vector<std::vector<size_t>> page_starts_;
   std::string line_;
+  std::vector<size_t> line_starts_;
   bool open_line_ = false;
 };
 

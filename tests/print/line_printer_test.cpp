@@ -33,6 +33,30 @@ TEST(PrintLinePrinter, PrintColumnsAndPages) {
   EXPECT_TRUE(p.end_doc().pages.empty()) << "the printer starts afresh";
 }
 
+TEST(PrintLinePrinter, PiecesLandOnTheirPrintColumnsOnPaper) {
+  LinePrinter p;
+  p.set_font("ARIAL", 10);
+  p.text("  2").tab(8).text("CAMISA POLO").tab(45).text("59,90");
+  p.end_line();
+  p.text("  Obrigado pela preferência");
+  Document doc = lay_out_printed(p.end_doc());
+  ASSERT_EQ(doc.pages.size(), 1u);
+  std::vector<std::pair<std::string, double>> pieces;
+  for (const Item& item : doc.pages[0].items) {
+    const auto& t = std::get<TextItem>(item);
+    pieces.emplace_back(t.text, t.x);
+  }
+  const double column = 10 * 25.4 / 72 * 0.441;
+  ASSERT_EQ(pieces.size(), 4u);
+  EXPECT_EQ(pieces[0].first, "  2");
+  EXPECT_EQ(pieces[1].first, "CAMISA POLO");
+  EXPECT_DOUBLE_EQ(pieces[1].second, 10 + 7 * column);
+  EXPECT_EQ(pieces[2].first, "59,90");
+  EXPECT_DOUBLE_EQ(pieces[2].second, 10 + 44 * column);
+  EXPECT_EQ(pieces[3].first, "  Obrigado pela preferência");
+  EXPECT_EQ(page_text(doc.pages[0]), (std::vector<std::string>{"  2 CAMISA POLO 59,90", "  Obrigado pela preferência"}));
+}
+
 TEST(PrintRawPort, EachLineBehindItsControlBytesInTheOldCodePage) {
   RawPort port("\x1B\x0F");
   port.line("  Data: 22/11/2026");

@@ -1,5 +1,6 @@
 #include "shell/program.h"
 
+#include "documents/screens.h"
 #include "records/grade.h"
 #include "shell/screens.h"
 
@@ -7,9 +8,8 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"PRODUTO", "Cadastro", "FORNE",    "SALACAD", "CAIXA",  "DUPLI",
-                                    "NP",     "RECIBO",  "Contas",   "CONSULTA", "TELEFONE", "ENTRADA",
-                                    "AUTO",   "REPARA",  "VENDA"};
+const char* const kNotYetBuilt[] = {"PRODUTO",  "Cadastro", "FORNE", "SALACAD", "CAIXA", "Contas",
+                                    "CONSULTA", "TELEFONE", "ENTRADA", "AUTO",   "REPARA", "VENDA"};
 
 }  // namespace
 
@@ -30,6 +30,11 @@ ui::Program program() {
     rt.register_screen("CADSENHA", make_cadsenha);
     rt.register_screen("SENHA", make_senha);
     rt.register_screen("msn", make_msn);
+    rt.register_screen("RECIBO", documents::make_recibo);
+    rt.register_screen("BUSRECI", documents::make_busreci);
+    rt.register_screen("NP", documents::make_np);
+    rt.register_screen("DUPLI", documents::make_dupli);
+    rt.register_screen("BUDP", documents::make_budp);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

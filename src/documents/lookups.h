@@ -1,0 +1,27 @@
+#pragma once
+// What the documents read from the shop's other files: the shop's heading,
+// the customers and their cards.
+#include <array>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace mz::documents {
+
+// Columns A1 to A6 of the shop's identity (name, telephone, two address
+// lines, two end lines); blank when the file has no row.
+std::array<std::string, 6> shop_heading();
+
+// The customers' names in alphabetical order, for the payer lists.
+std::vector<std::string> customer_names();
+
+// A customer's address and document, as a document's fields take them.
+struct CustomerCard {
+  std::string address, district, city, state, postal_code, phone;
+  std::string document;  // the CNPJ, or the CPF when there is no CNPJ
+};
+// The customer with exactly this name, if any.
+std::optional<CustomerCard> find_customer(std::string_view name);
+
+}  // namespace mz::documents

@@ -4,7 +4,7 @@ DATA ?= $(CURDIR)/dados
 JOBS ?= 2
 # Debian packages the build needs; installed only when absent.
 PACKAGES = g++ cmake make pkg-config libsqlite3-dev libgtest-dev googletest libbenchmark-dev qt6-base-dev \
-  libcairo2-dev libzint-dev libxlsxwriter-dev fonts-liberation zbar-tools poppler-utils
+  libcairo2-dev libzint-dev libxlsxwriter-dev fonts-liberation zbar-tools poppler-utils unzip
 
 .PHONY: deps configure build run test bench clean
 

@@ -8,6 +8,8 @@
 #include "core/error.h"
 #include "store/catalogue.h"
 #include "store/database.h"
+#include "store/names.h"
+#include "store/shipped_reports.h"
 #include "support/scratch_folder.h"
 
 namespace mz::store {
@@ -56,6 +58,24 @@ TEST(StoreDataFolder, NewShopGetsEveryFileAndTheDeliveredRows) {
   EXPECT_EQ(rows_of("C3.Mdb", "Select A1 From A1 order by A1"),
             (std::vector<std::string>{"CLIENTE", "FORNECEDOR", "REPRESENTANTE"}));
   for (const char* list : {"A1.mdb", "A2.mdb", "C6.Mdb"}) EXPECT_FALSE(rows_of(list, "select A1 from A1").empty()) << list;
+}
+
+TEST(StoreDataFolder, TemplatesAreCopiedOnceAndAShopsOwnCopyStays) {
+  TempFolder folder;
+  SetupReport first = setup_data_folder(folder.path());
+  ASSERT_FALSE(shipped_reports().empty());
+  EXPECT_EQ(first.templates_copied.size(), shipped_reports().size());
+  for (const ShippedReport& r : shipped_reports()) EXPECT_TRUE(std::filesystem::exists(folder.path() / r.name)) << r.name;
+
+  const std::string adjusted = "report form\ntable RECI\n";
+  const std::string name = shipped_reports().front().name;
+  std::filesystem::remove(folder.path() / name);
+  std::ofstream(folder.path() / lower_name(name)) << adjusted;  // the shop's copy, in its own spelling
+  std::filesystem::remove(folder.path() / shipped_reports().back().name);
+  SetupReport second = setup_data_folder(folder.path());
+  EXPECT_EQ(second.templates_copied, std::vector<std::string>{shipped_reports().back().name});
+  std::ifstream in(folder.path() / lower_name(name));
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), adjusted);
 }
 
 TEST(StoreDataFolder, RunningAgainAddsWhatIsMissingAndChangesNothing) {

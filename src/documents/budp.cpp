@@ -23,7 +23,7 @@ void list_bills(ui::Form& f, const std::string& where) {
   for (store::Recordset rs = db.open_recordset("SELECT* FROM DP " + where + " ORDER BY A5, CODIGO"); !rs.eof();
        rs.move_next()) {
     Value amount = rs["A4"];
-    rows.push_back({rs["CODIGO"].text(), format(Value(store::data_tela(rs["A5"])), "00/00/0000"),
+    rows.push_back({rs["CODIGO"].text(), store::data_tela(rs["A5"]),
                     amount.is_null() ? std::string() : format(amount, "###,###.00")});
   }
   show_rows(f["Grid1"], kHeading, rows);

@@ -35,7 +35,7 @@ constexpr Field kFields[] = {
     {"A8", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
     {"A9", "ENDEREÇO", ControlKind::TextBox},
     {"A10", "PAGÁVEL EM:", ControlKind::TextBox},
-    {"A11", "AVALISTA(S): NOME:", ControlKind::TextBox},
+    {"A11", "NOME:", ControlKind::TextBox},
     {"A12", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
     {"A14", "NOME:", ControlKind::TextBox},
     {"A15", "DATA DA EMISSÃO:", ControlKind::TextBox},
@@ -83,19 +83,16 @@ std::string following(const std::string& number) {
   return n ? format(Value(*n + 1), "0000") : "0001";
 }
 
-std::vector<std::string> numbered(int from, int to) {
-  std::vector<std::string> items;
-  for (int n = from; n <= to; ++n) items.push_back(std::to_string(n));
-  return items;
-}
-
 }  // namespace
 
 std::unique_ptr<ui::Form> make_np(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "NP", "Nota Promissória");
   ui::Form& f = *form;
-  for (const Field& field : kFields) add_field(f, field.name, field.kind, field.caption);
-  f["A1"].items = numbered(1, 31);
+  for (const Field& field : kFields) {
+    if (std::string(field.name) == "A11") f.add("Label1", ControlKind::Label, "AVALISTA(S):");
+    add_field(f, field.name, field.kind, field.caption);
+  }
+  for (int day = 1; day <= 31; ++day) f["A1"].items.push_back(std::to_string(day));
   for (int month = 1; month <= 12; ++month) f["A2"].items.push_back(ucase(month_name(month)));
   number_field(f["CODi"]);
   number_field(f["A3"]);

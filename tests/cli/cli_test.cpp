@@ -3,7 +3,9 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <fstream>
 
+#include "support/pdf_reader.h"
 #include "support/scratch_folder.h"
 
 namespace mz {
@@ -69,6 +71,31 @@ TEST(Cli, InitSetsUpOnceAndSqlPrintsRegionalRows) {
     if (c.status == 0) EXPECT_EQ(r.out, c.out);
     else EXPECT_EQ(r.out.rfind(c.out, 0), 0u) << r.out;
   }
+}
+
+TEST(Cli, ReportRendersATemplateOverItsOwnDataFile) {
+  testing::TempFolder folder;
+  const std::string dir = folder.path().string();
+  ASSERT_EQ(mostruz({"init", dir}).status, 0);
+  std::ofstream(folder.path() / "LISTA.rpt") << "report list\ndata reci.MDB\ntable RECI\ntitle \"Recibos\"\n"
+                                                "column \"Pagador\" 60 \"{R2}\"\n";
+  for (const char* payer : {"ANA", "JOSÉ D'ÁVILA"})
+    ASSERT_EQ(mostruz({"sql", "RECI.MDB", std::string("Insert into RECI (CODIGO, R2) values ('1', \"") + payer + "\")",
+                       "--pasta", dir}).status, 0);
+  const std::string pdf = (folder.path() / "saida.pdf").string();
+  Result r = mostruz({"report", "lista.RPT", "--pdf", pdf, "--formula", "{RECI.R2} = 'ANA'", "--pasta", dir});
+  ASSERT_EQ(r.status, 0) << r.out;
+  if (!testing::have_program("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
+  std::string text = testing::pdf_text(pdf);
+  EXPECT_NE(text.find("Recibos"), std::string::npos) << text;
+  EXPECT_NE(text.find("ANA"), std::string::npos) << text;
+  EXPECT_EQ(text.find("ÁVILA"), std::string::npos) << "the formula keeps the other row out";
+
+  const std::string xlsx = (folder.path() / "saida.xlsx").string();
+  EXPECT_EQ(mostruz({"report", "LISTA.rpt", "--xlsx", xlsx, "--pasta", dir}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(xlsx));
+  EXPECT_EQ(mostruz({"report", "NENHUM.rpt", "--pdf", pdf, "--pasta", dir}).out.rfind("Erro 20504", 0), 0u);
+  EXPECT_EQ(mostruz({"report", "LISTA.rpt", "--pasta", dir}).status, 2) << "an output is required";
 }
 
 }  // namespace

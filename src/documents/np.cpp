@@ -30,7 +30,7 @@ constexpr Field kFields[] = {
     {"A3", "", ControlKind::TextBox},
     {"A4", "VALOR:", ControlKind::TextBox},
     {"A5", "PAGAR:", ControlKind::TextBox},
-    {"A6", "", ControlKind::TextBox},
+    {"A6", "CREDOR:", ControlKind::TextBox},
     {"A7", "EMITENTE:", ControlKind::ComboBox},
     {"A8", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
     {"A9", "ENDEREÇO", ControlKind::TextBox},
@@ -39,13 +39,16 @@ constexpr Field kFields[] = {
     {"A12", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
     {"A14", "NOME:", ControlKind::TextBox},
     {"A15", "DATA DA EMISSÃO:", ControlKind::TextBox},
-    {"A16", "", ControlKind::TextBox},
-    {"A17", "", ControlKind::TextBox},
-    {"A18", "", ControlKind::TextBox},
-    {"A19", "", ControlKind::TextBox},
+    // The second guarantor's document, then the endorsement on the back.
+    {"A16", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
+    {"A17", "ENDOSSO - PAGUE-SE A:", ControlKind::TextBox},
+    {"A18", "C.P.F.: / CNPJ.:", ControlKind::TextBox},
+    {"A19", "C.P.F.: / CNPJ. DO ENDOSSANTE:", ControlKind::TextBox},
 };
-// The debtor's and the guarantor's documents, printed as bare digits.
-bool is_document(const std::string& name) { return name == "A8" || name == "A12"; }
+// The documents, printed as bare digits.
+bool is_document(const std::string& name) {
+  return name == "A8" || name == "A12" || name == "A16" || name == "A18" || name == "A19";
+}
 
 // "SÃO PAULO, 22 DE NOVEMBRO DE 2026.": the shop's city (its second address
 // line) and today's date in words.

@@ -16,7 +16,7 @@ using ui::ControlKind;
 
 namespace {
 
-const std::vector<std::string> kHeading = {"NÚMERO", "DATA", "RECEBEMOS DE", "VALOR"};
+const std::vector<std::string> kHeading = {"NÚMERO", "DATA", "CLIENTE", "VALOR"};
 
 void list_receipts(ui::Form& f, const std::string& where) {
   std::vector<std::vector<std::string>> rows;

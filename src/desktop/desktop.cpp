@@ -5,15 +5,20 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
-#include <QPainter>
-#include <QPrinter>
+#include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QProcess>
 #include <QScreen>
+#include <QStandardPaths>
 
 #include "core/error.h"
 #include "desktop/form_window.h"
+#include "desktop/printing.h"
+#include "desktop/report_preview.h"
+#include "print/render.h"
 #include "store/data_folder.h"
 #include "store/database.h"
 
@@ -105,36 +110,50 @@ std::optional<std::string> Desktop::input_box(const std::string& prompt, const s
   return text.toStdString();
 }
 
-std::optional<std::string> Desktop::choose_printer() { return std::string(); }
+std::optional<std::string> Desktop::choose_printer() {
+  QPrinter printer;
+  if (!printer_.isEmpty()) printer.setPrinterName(printer_);
+  QPrintDialog dialog(&printer);
+  dialog.setWindowTitle("Imprimir");
+  ++in_dialog_;
+  const int answer = dialog.exec();
+  --in_dialog_;
+  if (answer != QDialog::Accepted) return std::nullopt;
+  printer_ = printer.printerName();
+  return printer_.toStdString();
+}
 
 void Desktop::print_document(const print::PrintedDocument& document) {
-  QPrinter printer;
-  QPainter painter;
-  if (!painter.begin(&printer)) throw Error(482, "Erro de impressora.");
-  // Liberation Sans stands for Arial: the same metrics, so columns fall alike.
-  QFont font(q(document.font == "ARIAL" ? std::string("Liberation Sans") : document.font));
-  font.setPointSizeF(document.size);
-  painter.setFont(font);
-  const int line_height = painter.fontMetrics().lineSpacing();
-  const int column_width = painter.fontMetrics().averageCharWidth();
-  for (size_t p = 0; p < document.pages.size(); ++p) {
-    if (p) printer.newPage();
-    int y = line_height;
-    for (const auto& line : document.pages[p]) {
-      // Print columns: each run of text starts where its blanks end.
-      QString text = q(line);
-      int column = 0;
-      while (column < text.size()) {
-        while (column < text.size() && text[column] == ' ') ++column;
-        int end = text.indexOf("  ", column);
-        if (end < 0) end = text.size();
-        painter.drawText(column * column_width, y, text.mid(column, end - column));
-        column = end;
-      }
-      y += line_height;
-    }
+  print_pages(print::lay_out_printed(document), printer_);
+}
+
+void Desktop::show_report(const print::ReportRequest& request, const print::Document& document) {
+  switch (request.destination) {
+    case print::Destination::Window: preview(document); break;
+    case print::Destination::Printer: print_pages(document, printer_); break;
+    case print::Destination::File: save_pdf(request, document); break;
   }
-  painter.end();
+}
+
+void Desktop::preview(const print::Document& document) {
+  ReportPreview dialog(document, [&] { print_pages(document, printer_); });
+  ++in_dialog_;
+  dialog.exec();
+  --in_dialog_;
+  if (dialog.failure()) std::rethrow_exception(dialog.failure());
+}
+
+void Desktop::save_pdf(const print::ReportRequest& request, const print::Document& document) {
+  QFileDialog dialog(nullptr, "Salvar como", QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setNameFilter("PDF (*.pdf)");
+  dialog.setDefaultSuffix("pdf");
+  dialog.selectFile(q(std::filesystem::path(print::template_name(request)).replace_extension(".pdf").string()));
+  ++in_dialog_;
+  const int answer = dialog.exec();
+  --in_dialog_;
+  if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
+  print::write_pdf(document, QFile::encodeName(dialog.selectedFiles().front()).toStdString());
 }
 
 void Desktop::send_to_port(const std::string& bytes) {

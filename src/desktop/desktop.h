@@ -3,6 +3,7 @@
 // user's focus moves, keys and clicks to it. It keeps no logic of its own.
 #include <QLockFile>
 #include <QObject>
+#include <QString>
 #include <QWidget>
 #include <filesystem>
 #include <map>
@@ -33,6 +34,7 @@ class Desktop : public QObject, public ui::Host {
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
   void print_document(const print::PrintedDocument& document) override;
+  void show_report(const print::ReportRequest& request, const print::Document& document) override;
   void send_to_port(const std::string& bytes) override;
   bool previous_instance() override;
   Date today() override;
@@ -45,12 +47,16 @@ class Desktop : public QObject, public ui::Host {
   void start_program(const std::string& program) override;
 
  private:
+  void preview(const print::Document& document);
+  void save_pdf(const print::ReportRequest& request, const print::Document& document);
+
   ui::Program program_;
   ui::Runtime runtime_{*this};
   std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
   bool waiting_ = false;
   std::unique_ptr<QLockFile> instance_lock_;
   int in_dialog_ = 0;
+  QString printer_;  // chosen in the last printer dialog; empty: the system's default
 };
 
 // Opens the program on the data folder (setting up a new shop first);

@@ -20,8 +20,12 @@ constexpr std::array<const char*, 12> kGroupNames = {"",        "",         "mil
                                                      "trilhão ", "trilhões ", "quadrilhão ", "quadrilhões "};
 
 // Three digits in words; a group without hundreds begins with a blank.
+// A place past the end or not a digit counts as 0, as the old routine's
+// Val(Mid(...)) read it: amounts shorter than the format (",") still speak.
+int digit_at(std::string_view digits, size_t i) { return i < digits.size() && is_digit(digits[i]) ? digits[i] - '0' : 0; }
+
 std::string three_digits(std::string_view digits) {
-  int a = digits[0] - '0', b = digits[1] - '0', c = digits[2] - '0';
+  int a = digit_at(digits, 0), b = digit_at(digits, 1), c = digit_at(digits, 2);
   std::string hundreds = (a == 1 && (b != 0 || c != 0)) ? "cento" : kHundreds[static_cast<size_t>(a)];
   std::string tens = b == 1 ? kTens[static_cast<size_t>(10 + c)] : kTens[static_cast<size_t>(b)];
   std::string units = b == 1 ? "" : kUnits[static_cast<size_t>(c)];

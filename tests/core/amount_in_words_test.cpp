@@ -31,6 +31,8 @@ TEST(CoreAmountInWords, PhrasesKeepTheOldForms) {
       {"3,19", "Três reais e dezenove centavos."},
       {"0,00", " reais."},  // no words before the currency
       {"", ""},
+      {",", " e centavos."},  // shorter than the format: the missing places read as 0
+      {"5", " e cinquenta centavos."},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.amount);

@@ -19,6 +19,7 @@
 #include "desktop/printing.h"
 #include "desktop/report_preview.h"
 #include "print/render.h"
+#include "print/spreadsheet.h"
 #include "store/data_folder.h"
 #include "store/database.h"
 
@@ -131,7 +132,7 @@ void Desktop::show_report(const print::ReportRequest& request, const print::Docu
   switch (request.destination) {
     case print::Destination::Window: preview(document); break;
     case print::Destination::Printer: print_pages(document, printer_); break;
-    case print::Destination::File: save_pdf(request, document); break;
+    case print::Destination::File: save_to_file(request, document); break;
   }
 }
 
@@ -143,17 +144,22 @@ void Desktop::preview(const print::Document& document) {
   if (dialog.failure()) std::rethrow_exception(dialog.failure());
 }
 
-void Desktop::save_pdf(const print::ReportRequest& request, const print::Document& document) {
+// A file the user names: a PDF of the pages, or a spreadsheet of the list.
+void Desktop::save_to_file(const print::ReportRequest& request, const print::Document& document) {
+  const char* suffix = request.spreadsheet ? "xlsx" : "pdf";
   QFileDialog dialog(nullptr, "Salvar como", QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
   dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setNameFilter("PDF (*.pdf)");
-  dialog.setDefaultSuffix("pdf");
-  dialog.selectFile(q(std::filesystem::path(print::template_name(request)).replace_extension(".pdf").string()));
+  dialog.setNameFilter(request.spreadsheet ? "Planilha (*.xlsx)" : "PDF (*.pdf)");
+  dialog.setDefaultSuffix(suffix);
+  dialog.selectFile(
+      q(std::filesystem::path(print::template_name(request)).replace_extension(std::string(".") + suffix).string()));
   ++in_dialog_;
   const int answer = dialog.exec();
   --in_dialog_;
   if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
-  print::write_pdf(document, QFile::encodeName(dialog.selectedFiles().front()).toStdString());
+  const std::string path = QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+  if (request.spreadsheet) print::write_spreadsheet(document, path);
+  else print::write_pdf(document, path);
 }
 
 void Desktop::send_to_port(const std::string& bytes) {

@@ -48,7 +48,7 @@ class Desktop : public QObject, public ui::Host {
 
  private:
   void preview(const print::Document& document);
-  void save_pdf(const print::ReportRequest& request, const print::Document& document);
+  void save_to_file(const print::ReportRequest& request, const print::Document& document);
 
   ui::Program program_;
   ui::Runtime runtime_{*this};

@@ -44,25 +44,30 @@ void lay_out_cell(const Template& t, const ReportContext& context, const std::ve
         std::string s = context.fill(item.text, &row);
         if (s.empty()) break;
         if (!item.wrap) {
-          page.items.emplace_back(std::in_place_type<TextItem>, cx + item.x, cy + item.y, item.width, std::move(s), size, item.bold, item.align);
+          if (item.width > 0) s = fit_text(s, item.width, size, item.bold);
+          page.items.emplace_back(std::in_place_type<TextItem>, cx + item.x, cy + item.y, item.width, std::move(s), size,
+                                  item.bold, item.align);
           break;
         }
         double y = cy + item.y;
         for (std::string& line : wrap(s, item.width, size, item.bold)) {
-          page.items.emplace_back(std::in_place_type<TextItem>, cx + item.x, y, item.width, std::move(line), size, item.bold, item.align);
+          page.items.emplace_back(std::in_place_type<TextItem>, cx + item.x, y, item.width,
+                                  fit_text(line, item.width, size, item.bold), size, item.bold, item.align);
           y += size * kMmPerPoint * 1.25;
         }
         break;
       }
       case FormItemKind::Line:
-        page.items.emplace_back(std::in_place_type<LineItem>, cx + item.x, cy + item.y, cx + item.x2, cy + item.y2, 0.3);
+        page.items.emplace_back(std::in_place_type<LineItem>, cx + item.x, cy + item.y, cx + item.x2, cy + item.y2,
+                                0.3);
         break;
       case FormItemKind::Box:
         page.items.emplace_back(std::in_place_type<BoxItem>, cx + item.x, cy + item.y, item.x2, item.y2, 0.3);
         break;
       case FormItemKind::Barcode: {
         std::string data = barcode_data(context.fill(item.text, &row));
-        if (!data.empty()) page.items.emplace_back(std::in_place_type<BarcodeItem>, cx + item.x, cy + item.y, item.x2, item.y2, data);
+        if (!data.empty())
+          page.items.emplace_back(std::in_place_type<BarcodeItem>, cx + item.x, cy + item.y, item.x2, item.y2, data);
         break;
       }
     }

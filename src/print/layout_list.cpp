@@ -10,14 +10,6 @@ namespace {
 
 double line_height(double size) { return size * kMmPerPoint * 1.35; }
 
-// Cut at the column's edge, a character at a time.
-std::string fit(const std::string& text, double width, double size, bool bold) {
-  if (text_width(text, size, bold) <= width) return text;
-  std::u32string chars = to_u32(text);
-  while (!chars.empty() && text_width(to_utf8(chars), size, bold) > width) chars.pop_back();
-  return to_utf8(chars);
-}
-
 class ListLayout {
  public:
   ListLayout(const Template& t, ReportContext context) : t_(t), context_(std::move(context)) {
@@ -79,7 +71,7 @@ class ListLayout {
     context_.page = static_cast<int>(doc_.pages.size());
     const double left = t_.margin_left, width = right_ - left;
     double y = t_.margin_top;
-    text(left, y, width * 0.7, fit(context_.identity[0], width * 0.7, 11, true), 11, true, Align::Left);
+    text(left, y, width * 0.7, fit_text(context_.identity[0], width * 0.7, 11, true), 11, true, Align::Left);
     text(left, y, width, "Emitido em " + format(Value(context_.today), "dd/mm/yyyy"), 8, false, Align::Right);
     y += line_height(11);
     std::string address;
@@ -87,22 +79,22 @@ class ListLayout {
       if (!trim(context_.identity[i]).empty()) address += (address.empty() ? "" : " - ") + trim(context_.identity[i]);
     if (!trim(context_.identity[1]).empty()) address += (address.empty() ? "Fone: " : " - Fone: ") + trim(context_.identity[1]);
     if (!address.empty()) {
-      text(left, y, width, fit(address, width, 8, false), 8, false, Align::Left);
+      text(left, y, width, fit_text(address, width, 8, false), 8, false, Align::Left);
       y += line_height(8);
     }
     y += 1;
-    text(left, y, width, fit(t_.title, width * 0.75, 12, true), 12, true, Align::Center);
+    text(left, y, width, fit_text(t_.title, width * 0.75, 12, true), 12, true, Align::Center);
     text(left, y, width, "Página " + std::to_string(context_.page) + " de " + kPageCountMark, 8, false, Align::Right);
     y += line_height(12);
     if (!t_.subtitle.empty() && !context_.data->rows.empty()) {
       std::string sub = context_.fill(t_.subtitle, &context_.data->rows.front());
-      text(left, y, width, fit(sub, width, t_.font_size, false), t_.font_size, false, Align::Center);
+      text(left, y, width, fit_text(sub, width, t_.font_size, false), t_.font_size, false, Align::Center);
       y += line_height(t_.font_size);
     }
     y += 1.5;
     for (size_t c = 0; c < t_.columns.size(); ++c) {
       const ListColumn& col = t_.columns[c];
-      text(column_x_[c], y, col.width - 1, fit(col.caption, col.width - 1, t_.font_size, true), t_.font_size, true,
+      text(column_x_[c], y, col.width - 1, fit_text(col.caption, col.width - 1, t_.font_size, true), t_.font_size, true,
            col.align);
     }
     y += row_height_;
@@ -121,7 +113,7 @@ class ListLayout {
     for (size_t c = 0; c < t_.columns.size(); ++c) {
       const ListColumn& col = t_.columns[c];
       doc_.table.back().push_back(context_.fill(col.text, &row));
-      std::string s = fit(doc_.table.back().back(), col.width - 1, t_.font_size, false);
+      std::string s = fit_text(doc_.table.back().back(), col.width - 1, t_.font_size, false);
       if (!s.empty()) text(column_x_[c], y_, col.width - 1, std::move(s), t_.font_size, false, col.align);
       if (col.sum) {
         Currency v = sum_value(context_.first_field(col.text, row));
@@ -140,7 +132,7 @@ class ListLayout {
     make_room(2);
     y_ += 0.8;
     double width = right_ - t_.margin_left;
-    text(t_.margin_left, y_, width, fit(header, width, t_.font_size, true), t_.font_size, true, Align::Left);
+    text(t_.margin_left, y_, width, fit_text(header, width, t_.font_size, true), t_.font_size, true, Align::Left);
     y_ += row_height_;
   }
 
@@ -175,7 +167,7 @@ class ListLayout {
       text(column_x_[c], y_, col.width - 1, format(Value(sums[c]), pattern), t_.font_size, true, col.align);
     }
     if (!caption.empty() && caption_width > 2)
-      text(t_.margin_left, y_, caption_width, fit(caption, caption_width - 1, t_.font_size, true), t_.font_size, true,
+      text(t_.margin_left, y_, caption_width, fit_text(caption, caption_width - 1, t_.font_size, true), t_.font_size, true,
            Align::Left);
     y_ += row_height_ + 0.8;
   }

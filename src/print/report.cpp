@@ -8,6 +8,8 @@
 #include "core/error.h"
 #include "core/format.h"
 #include "core/regional.h"
+#include "core/text.h"
+#include "print/render.h"
 #include "print/report_data.h"
 #include "print/selection.h"
 #include "store/collation.h"
@@ -155,6 +157,17 @@ Currency sum_value(const Value& value) {
     case Value::Kind::Text: return parse_money(value.raw_text()).value_or(Currency{});
     default: return Currency{};
   }
+}
+
+std::string fit_text(const std::string& text, double width, double size, bool bold) {
+  if (text_width(text, size, bold) <= width) return text;
+  std::u32string chars = to_u32(text);
+  size_t low = 0, high = chars.size();  // the longest prefix that fits lies in [low, high)
+  while (high - low > 1) {
+    size_t mid = (low + high) / 2;
+    (text_width(to_utf8(chars.substr(0, mid)), size, bold) <= width ? low : high) = mid;
+  }
+  return to_utf8(chars.substr(0, low));
 }
 
 void number_pages(Document& document) {

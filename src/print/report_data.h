@@ -35,6 +35,9 @@ struct ReportContext {
 // A value added up by a sum column: money and numbers, also written as text.
 Currency sum_value(const Value& value);
 
+// The text cut at the edge of a box `width` millimetres wide.
+std::string fit_text(const std::string& text, double width, double size, bool bold);
+
 // Puts the page count in place of its mark on every page.
 void number_pages(Document& document);
 

@@ -4,6 +4,7 @@
 
 #include <fstream>
 
+#include "print/render.h"
 #include "print/template.h"
 #include "store/database.h"
 #include "support/errors.h"
@@ -184,6 +185,19 @@ TEST_F(PrintReport, WrappedTextKeepsWithinItsWidth) {
   std::string joined;
   for (const auto& l : lines) joined += (joined.empty() ? "" : " ") + l;
   EXPECT_EQ(joined, "Hum mil,duzentos e trinta e quatro reais e cinquenta e seis centavos.");
+}
+
+TEST_F(PrintReport, TextInABoxIsCutAtItsEdge) {
+  write_template(folder_, "C.rpt", "report form\ntable RECI\ntext 0 0 \"{R2}\" width 25 center\ntext 0 9 \"{R2}\"\n");
+  add_receipt("00001", "CAMISA POLO MANGA CURTA ALGODÃO", "01/11/2026", "1");
+  Document doc = run("C.rpt");
+  const auto& boxed = std::get<TextItem>(doc.pages[0].items[0]);
+  const auto& free = std::get<TextItem>(doc.pages[0].items[1]);
+  EXPECT_EQ(free.text, "CAMISA POLO MANGA CURTA ALGODÃO") << "text without a box runs on";
+  EXPECT_FALSE(boxed.text.empty());
+  EXPECT_LT(boxed.text.size(), free.text.size());
+  EXPECT_EQ(free.text.rfind(boxed.text, 0), 0u);
+  EXPECT_LE(text_width(boxed.text, boxed.size, false), 25);
 }
 
 TEST_F(PrintReport, AnEmptyFormStillGivesItsSheet) {

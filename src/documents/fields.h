@@ -9,6 +9,14 @@
 
 namespace mz::documents {
 
+// A field of a document screen: its name, which is also its column's, its
+// caption and its kind, in the screen's order of entry.
+struct FieldSpec {
+  const char* name;
+  const char* caption;
+  ui::ControlKind kind;
+};
+
 // A field with its caption label before it ("L" + name), as the screens lay
 // them out; an empty caption adds no label.
 ui::Control& add_field(ui::Form& form, const std::string& name, ui::ControlKind kind, const std::string& caption);

@@ -5,44 +5,12 @@
 #include <stdexcept>
 
 #include "core/error.h"
+#include "core/words.h"
 #include "print/report.h"
 #include "store/names.h"
 
 namespace mz::print {
 namespace {
-
-struct Word {
-  std::string text;
-  bool quoted = false;
-};
-
-std::vector<Word> split_words(std::string_view line) {
-  std::vector<Word> words;
-  size_t i = 0;
-  while (i < line.size()) {
-    char c = line[i];
-    if (c == ' ' || c == '\t' || c == '\r') {
-      ++i;
-    } else if (c == '#') {
-      break;
-    } else if (c == '"') {
-      std::string text;
-      for (++i;; ++i) {
-        if (i >= line.size()) throw std::invalid_argument("aspas sem fechamento");
-        if (line[i] == '"') break;
-        if (line[i] == '\\' && i + 1 < line.size() && (line[i + 1] == '"' || line[i + 1] == '\\')) ++i;
-        text += line[i];
-      }
-      ++i;
-      words.push_back({text, true});
-    } else {
-      size_t start = i;
-      while (i < line.size() && line[i] != ' ' && line[i] != '\t' && line[i] != '\r' && line[i] != '#') ++i;
-      words.push_back({std::string(line.substr(start, i - start)), false});
-    }
-  }
-  return words;
-}
 
 // Reads the words of one statement in order.
 class Statement {

@@ -11,6 +11,7 @@
 #include "core/error.h"
 #include "core/regional.h"
 #include "core/text.h"
+#include "core/words.h"
 #include "store/data_folder.h"
 #include "store/database.h"
 #include "store/dialect.h"
@@ -26,13 +27,6 @@ namespace {
 struct Stop : std::runtime_error {
   using std::runtime_error::runtime_error;
 };
-
-int hex_digit(char c) {
-  if (c >= '0' && c <= '9') return c - '0';
-  if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-  if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-  throw Stop("bad \\x escape");
-}
 
 std::string in_quotes(const std::string& s) { return "\"" + s + "\""; }
 
@@ -65,7 +59,7 @@ class ScriptRun {
     while (std::getline(in, line)) {
       ++number;
       try {
-        std::vector<ScriptWord> words = split_script_line(line);
+        std::vector<Word> words = split_words(line);
         if (!words.empty()) execute(words, number);
       } catch (const std::exception& e) {
         failures_.push_back(std::to_string(number) + ": " + e.what());
@@ -90,7 +84,7 @@ class ScriptRun {
     }
   }
 
-  static const std::string& word(const std::vector<ScriptWord>& w, size_t i) {
+  static const std::string& word(const std::vector<Word>& w, size_t i) {
     if (i >= w.size()) throw Stop("missing argument to " + w[0].text);
     return w[i].text;
   }
@@ -141,7 +135,7 @@ class ScriptRun {
     return seen_ < host_.messages.size() ? &host_.messages[seen_++] : nullptr;
   }
 
-  void execute(const std::vector<ScriptWord>& w, int line) {
+  void execute(const std::vector<Word>& w, int line) {
     const std::string& cmd = w[0].text;
     if (cmd == "today") host_.clock = parse_clock(word(w, 1), "10:00:00");
     else if (cmd == "now") host_.clock = parse_clock(word(w, 1), word(w, 2));
@@ -218,7 +212,7 @@ class ScriptRun {
     else throw Stop("unknown command " + cmd);
   }
 
-  void expect(const std::vector<ScriptWord>& w, int line) {
+  void expect(const std::vector<Word>& w, int line) {
     const std::string& what = word(w, 1);
     if (what == "message") {
       const TestHost::Message* m = next_message();
@@ -289,7 +283,7 @@ class ScriptRun {
   }
 
   // expect report "TEMPLATE" [data "FILE"] [formula "TEXT"] [to window|printer|file]
-  void expect_report(const std::vector<ScriptWord>& w, int line) {
+  void expect_report(const std::vector<Word>& w, int line) {
     const std::string& wanted = word(w, 2);
     if (reports_seen_ >= host_.reports.size()) return fail(line, "report " + in_quotes(wanted), "none");
     const print::ReportRequest& run = host_.reports[reports_seen_++].request;
@@ -334,44 +328,6 @@ fs::path temp_folder(const std::string& stem) {
 }
 
 }  // namespace
-
-std::vector<ScriptWord> split_script_line(const std::string& line) {
-  std::vector<ScriptWord> words;
-  size_t i = 0;
-  while (i < line.size()) {
-    char c = line[i];
-    if (c == ' ' || c == '\t' || c == '\r') {
-      ++i;
-    } else if (c == '#') {
-      break;
-    } else if (c == '"') {
-      std::string text;
-      for (++i;; ++i) {
-        if (i >= line.size()) throw Stop("unterminated text");
-        if (line[i] == '"') break;
-        if (line[i] != '\\') {
-          text += line[i];
-          continue;
-        }
-        if (++i >= line.size()) throw Stop("unterminated text");
-        char e = line[i];
-        if (e == '"' || e == '\\') text += e;
-        else if (e == 't') text += '\t';
-        else if (e == 'x' && i + 2 < line.size()) {
-          text += static_cast<char>(hex_digit(line[i + 1]) * 16 + hex_digit(line[i + 2]));
-          i += 2;
-        } else throw Stop(std::string("bad escape \\") + e);
-      }
-      ++i;
-      words.push_back({text, true});
-    } else {
-      size_t start = i;
-      while (i < line.size() && line[i] != ' ' && line[i] != '\t' && line[i] != '\r' && line[i] != '#') ++i;
-      words.push_back({line.substr(start, i - start), false});
-    }
-  }
-  return words;
-}
 
 int run_scripts(const std::vector<std::string>& files, const Program& program, std::ostream& out) {
   fs::path template_folder = temp_folder("scripts");

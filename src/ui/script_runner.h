@@ -20,13 +20,4 @@ struct Program {
 // "N passed, N failed"; returns the number of failed scripts.
 int run_scripts(const std::vector<std::string>& files, const Program& program, std::ostream& out);
 
-// One line of a script split into words; quoted text loses its quotes and
-// its escapes (\" \\ \t \xHH) are resolved. Throws std::runtime_error on a
-// syntax error.
-struct ScriptWord {
-  std::string text;
-  bool quoted = false;
-};
-std::vector<ScriptWord> split_script_line(const std::string& line);
-
 }  // namespace mz::ui

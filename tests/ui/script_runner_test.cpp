@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "core/error.h"
+#include "core/words.h"
 #include "support/scratch_folder.h"
 
 namespace mz::ui {
@@ -27,11 +28,11 @@ TEST(UiScript, SplitsWordsAndQuotedText) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.line);
     std::vector<std::string> words;
-    for (const auto& w : split_script_line(c.line)) words.push_back(w.text);
+    for (const auto& w : split_words(c.line)) words.push_back(w.text);
     EXPECT_EQ(words, c.words);
   }
-  EXPECT_THROW(split_script_line("type A1 \"open"), std::runtime_error);
-  EXPECT_THROW(split_script_line("type A1 \"\\q\""), std::runtime_error);
+  EXPECT_THROW(split_words("type A1 \"open"), std::invalid_argument);
+  EXPECT_THROW(split_words("type A1 \"\\q\""), std::invalid_argument);
 }
 
 // A screen with a name field that refuses an empty save and a button that asks.

@@ -23,8 +23,10 @@ class ListLayout {
     row_height_ = line_height(t.font_size);
     doc_.width = t.page_width;
     doc_.height = t.page_height;
-    doc_.table.emplace_back();
-    for (const auto& c : t.columns) doc_.table.back().push_back(c.caption);
+    const auto& rows = context_.data->rows;
+    const std::vector<Value>* first = rows.empty() ? nullptr : &rows.front();
+    for (const auto& c : t.columns) captions_.push_back(context_.fill(c.caption, first));
+    doc_.table.push_back(captions_);
   }
 
   Document run() {
@@ -50,7 +52,7 @@ class ListLayout {
       for (size_t g = levels; g-- > 0;) close_group(g, rows.back());
     if (t_.has_total) {
       context_.count = counts_[levels];
-      sum_line(context_.fill(t_.total, nullptr), sums_[levels]);
+      sum_line(context_.fill(t_.total, rows.empty() ? nullptr : &rows.back()), sums_[levels]);
     }
     return std::move(doc_);
   }
@@ -94,7 +96,7 @@ class ListLayout {
     y += 1.5;
     for (size_t c = 0; c < t_.columns.size(); ++c) {
       const ListColumn& col = t_.columns[c];
-      text(column_x_[c], y, col.width - 1, fit_text(col.caption, col.width - 1, t_.font_size, true), t_.font_size, true,
+      text(column_x_[c], y, col.width - 1, fit_text(captions_[c], col.width - 1, t_.font_size, true), t_.font_size, true,
            col.align);
     }
     y += row_height_;
@@ -147,17 +149,29 @@ class ListLayout {
     return false;
   }
 
-  // A closing line: its text left, the sums under their columns, a rule above.
+  // Where the first summed column starts: the room a closing line's text has.
+  double caption_room() const {
+    for (size_t c = 0; c < t_.columns.size(); ++c)
+      if (t_.columns[c].sum) return column_x_[c] - t_.margin_left;
+    return right_ - t_.margin_left;
+  }
+
+  // A closing line: its text left, the sums under their columns, a rule
+  // above. A text with no room left of the sums takes a line of its own.
   void sum_line(const std::string& caption, const std::vector<Currency>& sums) {
     if (caption.empty() && !has_sums()) return;
-    make_room(1);
+    const double room = caption_room();
+    const bool own_line = !caption.empty() && room <= 2 && has_sums();
+    make_room(own_line ? 2 : 1);
     page().items.emplace_back(std::in_place_type<LineItem>, t_.margin_left, y_ + 0.2, right_, y_ + 0.2, 0.2);
     y_ += 0.6;
-    double caption_width = right_ - t_.margin_left;
+    const double width = own_line ? right_ - t_.margin_left : room;
+    if (!caption.empty() && width > 2)
+      text(t_.margin_left, y_, width, fit_text(caption, width - 1, t_.font_size, true), t_.font_size, true, Align::Left);
+    if (own_line) y_ += row_height_;
     for (size_t c = 0; c < t_.columns.size(); ++c) {
       const ListColumn& col = t_.columns[c];
       if (!col.sum) continue;
-      caption_width = std::min(caption_width, column_x_[c] - t_.margin_left);
       std::string pattern = "###,##0.00";
       for (const Piece& p : col.text)
         if (!p.field.empty()) {
@@ -166,9 +180,6 @@ class ListLayout {
         }
       text(column_x_[c], y_, col.width - 1, format(Value(sums[c]), pattern), t_.font_size, true, col.align);
     }
-    if (!caption.empty() && caption_width > 2)
-      text(t_.margin_left, y_, caption_width, fit_text(caption, caption_width - 1, t_.font_size, true), t_.font_size, true,
-           Align::Left);
     y_ += row_height_ + 0.8;
   }
 
@@ -176,6 +187,7 @@ class ListLayout {
   ReportContext context_;
   Document doc_;
   std::vector<double> column_x_;
+  std::vector<std::string> captions_;
   double right_ = 0, bottom_ = 0, row_height_ = 0, y_ = 0;
   std::vector<std::vector<Currency>> sums_;  // per group level, the report's last
   std::vector<long> counts_;

@@ -70,7 +70,8 @@ void parse_list_statement(Template& t, Statement& s) {
     t.subtitle = parse_field_text(s.quoted());
   } else if (k == "column") {
     ListColumn c;
-    c.caption = s.quoted();
+    std::string caption = s.quoted();
+    c.caption = parse_field_text(caption);
     c.width = s.number();
     c.text = parse_field_text(s.quoted());
     while (s.more()) {
@@ -79,7 +80,7 @@ void parse_list_statement(Template& t, Statement& s) {
       else if (!take_align(w, c.align)) throw std::invalid_argument("opção desconhecida " + w);
     }
     if (c.sum && (c.text.empty() || c.text.front().field.empty()))
-      throw std::invalid_argument("coluna somada sem campo: " + c.caption);
+      throw std::invalid_argument("coluna somada sem campo: " + caption);
     t.columns.push_back(std::move(c));
   } else if (k == "group") {
     ListGroup g;
@@ -229,7 +230,10 @@ std::vector<std::string> Template::columns_used() const {
   };
   add(subtitle);
   add(total);
-  for (const auto& c : columns) add(c.text);
+  for (const auto& c : columns) {
+    add(c.caption);
+    add(c.text);
+  }
   for (const auto& g : groups) {
     used.insert(g.column);
     add(g.header);

@@ -25,7 +25,7 @@ struct SortKey {
 };
 
 struct ListColumn {
-  std::string caption;
+  FieldText caption;  // its placeholders read the first row
   double width = 0;
   FieldText text;
   Align align = Align::Left;

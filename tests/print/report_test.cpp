@@ -114,6 +114,21 @@ TEST_F(PrintReport, ListGroupsWithSubtotalsTotalAndPageNumbers) {
                                       "Total de 2 recibos 110,50", "Total geral 1.345,00"}));
 }
 
+TEST_F(PrintReport, CaptionsReadTheFirstRowAndTheTotalTheLast) {
+  write_template(folder_, "CAP.rpt",
+                 "report list\ntable RECI\ncolumn \"{R8}\" 30 \"{R9}\" right sum\ntotal \"até {CODIGO}\"\n");
+  for (const char* code : {"00001", "00002"}) {
+    add_receipt(code, "ANA", "01/11/2026", "2");
+    store::Workspace::open_database("\\RECI.Mdb").execute("Update RECI set R8 = 'TAMANHO GG'");
+  }
+  Document doc = run("CAP.rpt");
+  std::vector<std::string> lines = page_text(doc.pages[0]);
+  EXPECT_EQ(std::vector<std::string>(lines.begin() + 3, lines.end()),
+            (std::vector<std::string>{"TAMANHO GG", "2", "2", "até 00002", "4,00"}))
+      << "a closing text with no room left of the sums takes its own line";
+  EXPECT_EQ(doc.table, (std::vector<std::vector<std::string>>{{"TAMANHO GG"}, {"2"}, {"2"}}));
+}
+
 TEST_F(PrintReport, LongListsBreakPagesAndCountThem) {
   write_template(folder_, "L.rpt", "report list\ntable RECI\ntitle \"T\"\ncolumn \"Nº\" 20 \"{CODIGO}\"\n");
   for (int i = 1; i <= 120; ++i) add_receipt(std::to_string(10000 + i).c_str(), "ANA", "01/11/2026", "1");

@@ -282,11 +282,12 @@ class ScriptRun {
     }
   }
 
-  // expect report "TEMPLATE" [data "FILE"] [formula "TEXT"] [to window|printer|file]
+  // expect report "TEMPLATE" [data "FILE"] [formula "TEXT"] [to window|printer|file] [shows "TEXT"]...
   void expect_report(const std::vector<Word>& w, int line) {
     const std::string& wanted = word(w, 2);
     if (reports_seen_ >= host_.reports.size()) return fail(line, "report " + in_quotes(wanted), "none");
-    const print::ReportRequest& run = host_.reports[reports_seen_++].request;
+    const TestHost::ReportJob& job = host_.reports[reports_seen_++];
+    const print::ReportRequest& run = job.request;
     if (!store::same_name(print::template_name(run), wanted))
       fail(line, "report " + in_quotes(wanted), in_quotes(print::template_name(run)));
     for (size_t i = 3; i < w.size(); i += 2) {
@@ -297,6 +298,8 @@ class ScriptRun {
         if (!store::same_name(file, value)) fail(line, "data " + in_quotes(value), in_quotes(run.data_file));
       } else if (check == "formula") {
         if (run.selection_formula != value) fail(line, "formula " + in_quotes(value), in_quotes(run.selection_formula));
+      } else if (check == "shows") {
+        if (!report_shows(job.document, value)) fail(line, "a report line holding " + in_quotes(value), "none");
       } else if (check == "to") {
         static const char* const kNames[] = {"window", "printer", "file"};
         std::string actual = kNames[static_cast<int>(run.destination)];
@@ -305,6 +308,14 @@ class ScriptRun {
         throw Stop("unknown report check " + check);
       }
     }
+  }
+
+  // Whether a line of the laid-out pages holds the text.
+  static bool report_shows(const print::Document& document, const std::string& text) {
+    for (const print::Page& page : document.pages)
+      for (const std::string& line : print::page_text(page))
+        if (line.find(text) != std::string::npos) return true;
+    return false;
   }
 
   static std::string join(const std::vector<std::string>& items) {

@@ -1,4 +1,5 @@
 #include "ui/script_runner.h"
+#include "ui/report.h"
 
 #include <gtest/gtest.h>
 
@@ -55,6 +56,13 @@ Program test_program() {
         print::RawPort port("\x1B\x0F");
         port.line("  Cliente: " + name.text());
         r.host().send_to_port(port.bytes());
+      };
+      form->add("Command4", ControlKind::Button, "Recibo").on_click = [&r, &name] {
+        Report report(r, print::Destination::Printer);
+        report.data_files = "\\reci.MDB";
+        report.selection_formula = "{RECI.CODIGO} = '" + name.text() + "'";
+        report.report_file_name = "\\RECI.rpt";
+        report.action(1);
       };
       return form;
     });
@@ -116,6 +124,27 @@ expect printed "  Cliente: Ana"
             "\"                             Total: 10,00\"\n"
             "ficha.script:8: expected port bytes \"Bruno\", got \"\x1B\x0F  Cliente: Ana\r\n\"\n"
             "ficha.script:9: expected a printed document, got none\n"
+            "0 passed, 1 failed\n");
+}
+
+TEST(UiScript, ChecksTheReportsRunAndWhatTheyShow) {
+  std::string out = run(R"script(sql RECI.Mdb "Insert into RECI (CODIGO, R2) values ('00007', 'ANA D''ÁVILA')"
+open FICHA
+type A1 "00007"
+click Command4
+expect report "reci.RPT" data "RECI.mdb" formula "{RECI.CODIGO} = '00007'" to printer shows "ANA D'ÁVILA"
+click Command4
+expect report "R6.rpt" data "CADA.MDB" formula "" to window shows "BRUNO"
+expect report "RECI.rpt"
+)script");
+  EXPECT_EQ(out,
+            "FAIL ficha.script\n"
+            "ficha.script:7: expected report \"R6.rpt\", got \"RECI.rpt\"\n"
+            "ficha.script:7: expected data \"CADA.MDB\", got \"\\reci.MDB\"\n"
+            "ficha.script:7: expected formula \"\", got \"{RECI.CODIGO} = '00007'\"\n"
+            "ficha.script:7: expected to window, got printer\n"
+            "ficha.script:7: expected a report line holding \"BRUNO\", got none\n"
+            "ficha.script:8: expected report \"RECI.rpt\", got none\n"
             "0 passed, 1 failed\n");
 }
 

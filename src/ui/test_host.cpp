@@ -28,7 +28,14 @@ std::optional<std::string> TestHost::input_box(const std::string&, const std::st
   return r.text;
 }
 
+// The dialog takes the next queued answer, as a message box would: Cancel
+// closes it with no choice; otherwise the printer queued for it is chosen.
 std::optional<std::string> TestHost::choose_printer() {
+  if (!answers.empty()) {
+    Reply r = answers.front();
+    answers.pop_front();
+    if (!r.is_text && r.button == Answer::Cancel) return std::nullopt;
+  }
   if (printers.empty()) return std::string("Impressora padrão");
   std::string p = printers.front();
   printers.pop_front();

@@ -12,10 +12,12 @@
 #include "print/render.h"
 #include "print/report_data.h"
 #include "print/selection.h"
+#include "store/catalogue.h"
 #include "store/collation.h"
 #include "store/database.h"
 #include "store/names.h"
 #include "store/shipped_reports.h"
+#include "store/sql_text.h"
 
 namespace mz::print {
 namespace fs = std::filesystem;
@@ -54,16 +56,56 @@ std::vector<std::string> shop_identity() {
   return identity;
 }
 
+// The catalogue's type of a column of the data file, if it knows it.
+std::optional<store::ColumnType> column_type(const std::string& data_file, const std::string& table,
+                                             const std::string& column) {
+  const store::FileDef* file = store::find_file(data_file);
+  if (!file) return std::nullopt;
+  for (const store::TableDef& def : file->tables)
+    if (store::same_name(def.name, table))
+      for (const store::ColumnDef& c : def.columns)
+        if (store::same_name(c.name, column)) return c.type;
+  return std::nullopt;
+}
+
+std::string date_literal(Date d) { return "#" + format(Value(d), "mm/dd/yyyy") + "#"; }
+
+// The conditions the store can answer with its indexes: text on any column,
+// and dates on date columns, compared by day as the formula compares them.
+// The rows that come back are still checked against the whole formula.
+std::string where_clause(const Selection& selection, const std::string& data_file, const std::string& table) {
+  std::string where;
+  for (const auto& c : selection.conditions()) {
+    std::string term;
+    const std::string& column = c.column;  // a column of the table: checked before
+    if (c.value.kind() == Value::Kind::Text) {
+      term = column + " " + c.op + " " + store::sql_quote(c.value.raw_text());
+    } else if (column_type(data_file, table, c.column) == store::ColumnType::Date) {
+      Date day = c.value.raw_date(), next = date_add_days(day, 1);
+      if (c.op == "=") term = column + " >= " + date_literal(day) + " and " + column + " < " + date_literal(next);
+      else if (c.op == "<=") term = column + " < " + date_literal(next);
+      else if (c.op == ">") term = column + " >= " + date_literal(next);
+      else if (c.op == ">=" || c.op == "<") term = column + " " + c.op + " " + date_literal(day);
+    }
+    if (!term.empty()) where += (where.empty() ? " where " : " and ") + term;
+  }
+  return where;
+}
+
 ReportRows read_rows(const std::string& data_file, const Template& t, const Selection& selection) {
   store::Database db = store::Workspace::open_trusted(data_file);
-  store::Recordset rs = db.open_recordset("Select * From " + t.table);
+  store::Recordset rs = db.open_recordset("Select * From " + t.table + " where 1 = 0");
+  std::vector<std::string> columns;
+  for (size_t i = 0; i < rs.field_count(); ++i) columns.push_back(store::lower_name(rs[i].name()));
+  for (const auto& c : selection.conditions())
+    if (std::find(columns.begin(), columns.end(), c.column) == columns.end())
+      throw Error(3075, "Campo desconhecido na fórmula de seleção: " + c.column + ".");
+  rs = db.open_recordset("Select * From " + t.table + where_clause(selection, data_file, t.table));
   ReportRows data;
   for (size_t i = 0; i < rs.field_count(); ++i) data.columns.push_back(store::lower_name(rs[i].name()));
   for (const std::string& column : t.columns_used())
     if (data.index(column) < 0)
       throw Error(kBadTemplate, "O relatório usa o campo " + column + ", que a tabela " + t.table + " não tem.");
-  for (const auto& c : selection.conditions())
-    if (data.index(c.column) < 0) throw Error(3075, "Campo desconhecido na fórmula de seleção: " + c.column + ".");
   for (; !rs.eof(); rs.move_next()) {
     std::vector<Value> row;
     row.reserve(data.columns.size());

@@ -59,8 +59,9 @@ Columns ledger_columns() {
 }
 
 // Balance queries sum one ledger by reference; the whole-reference lists
-// group by reference over the piece count; documents are found by number.
-std::vector<std::string> ledger_indexes() { return {"REFERENCIA", "REFERENCIA,QTDA", "CODIGO", "DATA"}; }
+// group by reference over the piece count; documents are found by number;
+// the summary reports select a supplier's or customer's rows by name.
+std::vector<std::string> ledger_indexes() { return {"REFERENCIA", "REFERENCIA,QTDA", "CODIGO", "DATA", "NOME"}; }
 
 // The customer card, in the order of the card; also the shape of the scratch
 // copy that the import reads.

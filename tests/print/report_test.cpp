@@ -146,6 +146,9 @@ TEST_F(PrintReport, SelectionFormulasPickTheRows) {
   add_receipt("00001", "ANA", "01/11/2026", "1");
   add_receipt("00002", "BIA", "15/11/2026", "1");
   add_receipt("00003", "CAIO", "30/11/2026", "1");
+  // Work tables keep dates as text: R5 holds the date as a screen shows it.
+  store::Workspace::open_database("\\RECI.Mdb").execute("Update RECI set R5 = '15/11/2026' where CODIGO = '00002'");
+  store::Workspace::open_database("\\RECI.Mdb").execute("Update RECI set R5 = '30/11/2026' where CODIGO = '00003'");
   struct Case {
     const char* formula;
     std::vector<std::string> codes;
@@ -155,6 +158,10 @@ TEST_F(PrintReport, SelectionFormulasPickTheRows) {
       {"{RECI.CODIGO} = '00002'", {"00002"}},
       {"{reci.r4} >= Date ( 2026,11,1) and  {reci.r4} <= Date ( 2026,11,15)", {"00001", "00002"}},
       {"{RECI.CODIGO} = '99999'", {}},
+      {"{reci.r2} = 'bia'", {"00002"}},  // text compares in any case
+      {"{reci.r4} = Date (2026,11,15)", {"00002"}},
+      {"{reci.r4} > Date (2026,11,15)", {"00003"}},
+      {"{reci.r5} >= Date (2026,11,10) and {reci.r5} < Date (2026,11,30)", {"00002"}},
   };
   for (const Case& c : cases) {
     std::vector<std::string> lines = page_text(run("S.rpt", c.formula).pages[0]);

@@ -26,7 +26,13 @@ void type_accented(QWidget* widget, const QString& text) {
 }
 
 const char* const kScreens[] = {"INICIO", "ini2",  "opera1", "OPERA2", "OPERA", "MENUDP", "SENHA2", "SENHA",
-                                "GRADE",  "EMPRE", "lay",    "CADSENHA", "msn", "VENDA"};
+                                "GRADE",  "EMPRE", "lay",    "CADSENHA", "msn", "VENDA", "RECIBO", "BUSRECI",
+                                "NP",     "DUPLI", "BUDP"};
+// Screens whose first field is a number or a date: they refuse letters, so
+// only the barcode reader's digits are typed there.
+bool takes_digits_only(const std::string& name) {
+  return name == "RECIBO" || name == "BUSRECI" || name == "NP" || name == "DUPLI" || name == "BUDP";
+}
 
 TEST(Desktop, EveryScreenTakesTypingAndEnterMovesOn) {
   testing::ScratchFolder folder;
@@ -60,9 +66,18 @@ TEST(Desktop, EveryScreenTakesTypingAndEnterMovesOn) {
     desktop.sync();
     QWidget* widget = window->widget(*field);
     ASSERT_NE(widget, nullptr);
-    type_accented(widget, "Çé");
-    QTest::keyClicks(widget, "000701");  // a barcode reader types digits
-    EXPECT_EQ(field->text(), "Çé000701") << "the runtime saw the text";
+    if (takes_digits_only(name)) {
+      field->set_text("");
+      QTest::keyClicks(widget, "0007");
+      std::string digits;
+      for (char c : field->text())
+        if (c >= '0' && c <= '9') digits += c;
+      EXPECT_EQ(digits, "0007") << "the runtime saw the digits, a date mask around them: " << field->text();
+    } else {
+      type_accented(widget, "Çé");
+      QTest::keyClicks(widget, "000701");  // a barcode reader types digits
+      EXPECT_EQ(field->text(), "Çé000701") << "the runtime saw the text";
+    }
     QTest::keyClick(widget, Qt::Key_Return);
     EXPECT_NE(desktop.runtime().focused(), field) << "Enter moved the focus";
     QWidget* moved_to = window->widget(*desktop.runtime().focused());

@@ -22,6 +22,12 @@ class Statement {
     if (!more()) throw std::invalid_argument("faltam argumentos em " + keyword());
     return words_[next_++];
   }
+  // Takes the next word when it is this bare word.
+  bool take(const char* bare_word) {
+    if (!more() || words_[next_].quoted || words_[next_].text != bare_word) return false;
+    ++next_;
+    return true;
+  }
   std::string bare() {
     const Word& w = word();
     if (w.quoted) throw std::invalid_argument("esperava um nome, veio \"" + w.text + "\"");
@@ -153,8 +159,7 @@ void parse_statement(Template& t, Statement& s, bool& kind_seen) {
   } else if (k == "title") {
     t.title = s.quoted();
   } else if (k == "page") {
-    std::string size = s.bare();
-    if (size == "a4") {
+    if (s.take("a4")) {
       std::string orientation = s.more() ? s.bare() : "portrait";
       if (orientation != "portrait" && orientation != "landscape")
         throw std::invalid_argument("orientação desconhecida: " + orientation);
@@ -162,9 +167,8 @@ void parse_statement(Template& t, Statement& s, bool& kind_seen) {
       t.page_width = landscape ? 297 : 210;
       t.page_height = landscape ? 210 : 297;
     } else {
-      Statement again({{"page"}, {size}, s.word()});
-      t.page_width = again.number();
-      t.page_height = again.number();
+      t.page_width = s.number();
+      t.page_height = s.number();
     }
   } else if (k == "margins") {
     t.margin_top = s.number();

@@ -20,8 +20,8 @@ constexpr std::array<const char*, 12> kGroupNames = {"",        "",         "mil
                                                      "trilhão ", "trilhões ", "quadrilhão ", "quadrilhões "};
 
 // Three digits in words; a group without hundreds begins with a blank.
-// A place past the end or not a digit counts as 0, as the old routine's
-// Val(Mid(...)) read it: amounts shorter than the format (",") still speak.
+// A place past the end or not a digit counts as 0, so that an amount
+// shorter than the format (",") still has its words.
 int digit_at(std::string_view digits, size_t i) { return i < digits.size() && is_digit(digits[i]) ? digits[i] - '0' : 0; }
 
 std::string three_digits(std::string_view digits) {

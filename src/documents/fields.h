@@ -11,7 +11,7 @@ namespace mz::documents {
 
 // A field of a document screen: its name, which is also its column's, its
 // caption and its kind, in the screen's order of entry.
-struct FieldSpec {
+struct DocumentField {
   const char* name;
   const char* caption;
   ui::ControlKind kind;

@@ -22,7 +22,7 @@ struct PrintedDocument {
 };
 
 // The document on A4 sheets: each piece of a line at its print column, a
-// column being the font's average character width, as on the old printer.
+// column being the font's average character width.
 Document lay_out_printed(const PrintedDocument& printed);
 
 class LinePrinter {

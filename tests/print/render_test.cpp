@@ -122,7 +122,7 @@ TEST(RenderPage, ItemsPutInkWhereTheyLie) {
       BoxItem{20, 30, 60, 40, 1},
       LineItem{10, 100, 190, 100, 0.5},
       BarcodeItem{20, 150, 60, 20, "000709"},
-      TextItem{20, 200, 0, "S\xE3o Jo\xE3o", 12},  // old bytes, not UTF-8: drawn, and the page goes on
+      TextItem{20, 200, 0, "S\xE3o Jo\xE3o", 12},  // Windows-1252 bytes, not UTF-8: drawn, and the page goes on
       BoxItem{20, 250, 10, 10, 1},
   });
   const PageImage image = render_page(document, 0, dpi);
@@ -180,7 +180,7 @@ TEST(RenderText, WidthsAreArialsAsDrawn) {
       {"m", 10, false, 1706.0 / 2048 * em10},
       {"m", 10, true, 1821.0 / 2048 * em10},
       {"Ação", 10, false, (1366.0 + 1024 + 2 * 1139) / 2048 * em10},  // accents take their letter's width
-      {"A\xE7\xE3o", 10, false, (1366.0 + 1024 + 2 * 1139) / 2048 * em10},  // old bytes read as the old code page
+      {"A\xE7\xE3o", 10, false, (1366.0 + 1024 + 2 * 1139) / 2048 * em10},  // Windows-1252 bytes read as that code page
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.text + (c.bold ? " bold" : ""));

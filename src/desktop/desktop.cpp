@@ -71,6 +71,17 @@ void Desktop::sync() {
   if (QApplication::focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
 }
 
+// A modal dialog; while it is up, the runtime's focus is not pushed onto
+// the screens behind it.
+int Desktop::exec_dialog(QDialog& dialog) {
+  ++in_dialog_;
+  struct Leave {
+    int& depth;
+    ~Leave() { --depth; }
+  } leave{in_dialog_};
+  return dialog.exec();
+}
+
 ui::Answer Desktop::message_box(const std::string& text, ui::Buttons buttons, ui::Icon icon, const std::string& title) {
   QMessageBox box;
   box.setWindowTitle(q(title));
@@ -90,9 +101,7 @@ ui::Answer Desktop::message_box(const std::string& text, ui::Buttons buttons, ui
   if (auto* yes = box.button(QMessageBox::Yes)) yes->setText("&Sim");
   if (auto* no = box.button(QMessageBox::No)) no->setText("&Não");
   if (auto* cancel = box.button(QMessageBox::Cancel)) cancel->setText("Cancelar");
-  ++in_dialog_;
-  int answer = box.exec();
-  --in_dialog_;
+  const int answer = exec_dialog(box);
   switch (answer) {
     case QMessageBox::Yes: return ui::Answer::Yes;
     case QMessageBox::No: return ui::Answer::No;
@@ -116,9 +125,7 @@ std::optional<std::string> Desktop::choose_printer() {
   if (!printer_.isEmpty()) printer.setPrinterName(printer_);
   QPrintDialog dialog(&printer);
   dialog.setWindowTitle("Imprimir");
-  ++in_dialog_;
-  const int answer = dialog.exec();
-  --in_dialog_;
+  const int answer = exec_dialog(dialog);
   if (answer != QDialog::Accepted) return std::nullopt;
   printer_ = printer.printerName();
   return printer_.toStdString();
@@ -138,9 +145,7 @@ void Desktop::show_report(const print::ReportRequest& request, const print::Docu
 
 void Desktop::preview(const print::Document& document) {
   ReportPreview dialog(document, [&] { print_pages(document, printer_); });
-  ++in_dialog_;
-  dialog.exec();
-  --in_dialog_;
+  exec_dialog(dialog);
   if (dialog.failure()) std::rethrow_exception(dialog.failure());
 }
 
@@ -153,9 +158,7 @@ void Desktop::save_to_file(const print::ReportRequest& request, const print::Doc
   dialog.setDefaultSuffix(suffix);
   dialog.selectFile(
       q(std::filesystem::path(print::template_name(request)).replace_extension(std::string(".") + suffix).string()));
-  ++in_dialog_;
-  const int answer = dialog.exec();
-  --in_dialog_;
+  const int answer = exec_dialog(dialog);
   if (answer != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return;
   const std::string path = QFile::encodeName(dialog.selectedFiles().front()).toStdString();
   if (request.spreadsheet) print::write_spreadsheet(document, path);

@@ -1,6 +1,7 @@
 #pragma once
 // The Qt front end: draws every open screen of the runtime and forwards the
 // user's focus moves, keys and clicks to it. It keeps no logic of its own.
+#include <QDialog>
 #include <QLockFile>
 #include <QObject>
 #include <QString>
@@ -47,6 +48,7 @@ class Desktop : public QObject, public ui::Host {
   void start_program(const std::string& program) override;
 
  private:
+  int exec_dialog(QDialog& dialog);
   void preview(const print::Document& document);
   void save_to_file(const print::ReportRequest& request, const print::Document& document);
 

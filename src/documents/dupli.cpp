@@ -6,6 +6,7 @@
 #include "documents/lookups.h"
 #include "documents/screens.h"
 #include "store/database.h"
+#include "store/shop_identity.h"
 #include "store/keys.h"
 #include "store/sql_text.h"
 #include "ui/report.h"
@@ -160,7 +161,7 @@ std::unique_ptr<ui::Form> make_dupli(ui::Runtime& rt) {
 
   f.on_load = [&rt, &f] {
     rt.centre(f);
-    auto heading = shop_heading();
+    auto heading = store::shop_identity();
     for (size_t i = 0; i < std::size(kHeading); ++i) f[kHeading[i]].set_text(heading[i]);
     name_combo(f["A9"], customer_names());
     clear_bill(f);

@@ -5,14 +5,6 @@
 
 namespace mz::documents {
 
-std::array<std::string, 6> shop_heading() {
-  std::array<std::string, 6> lines;
-  store::Recordset rs = store::Workspace::open_database("\\EMPE.Mdb").open_recordset("SELECT* FROM EMPE ORDER BY A1");
-  if (rs.eof()) return lines;
-  for (size_t i = 0; i < lines.size(); ++i) lines[i] = rs["A" + std::to_string(i + 1)].text();
-  return lines;
-}
-
 std::vector<std::string> customer_names() {
   std::vector<std::string> names;
   store::Database db = store::Workspace::open_database("\\CADA.Mdb");

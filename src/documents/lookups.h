@@ -1,17 +1,12 @@
 #pragma once
-// What the documents read from the shop's other files: the shop's heading,
-// the customers and their cards.
-#include <array>
+// What the documents read from the shop's other files: the customers and
+// their cards.
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace mz::documents {
-
-// Columns A1 to A6 of the shop's identity (name, telephone, two address
-// lines, two end lines); blank when the file has no row.
-std::array<std::string, 6> shop_heading();
 
 // The customers' names in alphabetical order, for the payer lists.
 std::vector<std::string> customer_names();

@@ -9,6 +9,7 @@
 #include "documents/lookups.h"
 #include "documents/screens.h"
 #include "store/database.h"
+#include "store/shop_identity.h"
 #include "ui/report.h"
 
 namespace mz::documents {
@@ -49,8 +50,8 @@ bool is_document(const std::string& name) {
 // line) and today's date in words.
 std::string issue_text(ui::Runtime& rt) {
   Date today = rt.host().today();
-  return trim(shop_heading()[3]) + ", " + std::to_string(today.day()) + " DE " + ucase(format(Value(today), "mmmm")) +
-         " DE " + std::to_string(today.year()) + ".";
+  return trim(store::shop_identity()[3]) + ", " + std::to_string(today.day()) + " DE " +
+         ucase(format(Value(today), "mmmm")) + " DE " + std::to_string(today.year()) + ".";
 }
 
 // An empty note under `number`, due in this year, issued today.

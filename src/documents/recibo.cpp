@@ -8,6 +8,7 @@
 #include "documents/lookups.h"
 #include "documents/screens.h"
 #include "store/database.h"
+#include "store/shop_identity.h"
 #include "store/keys.h"
 #include "store/sql_text.h"
 #include "ui/report.h"
@@ -89,7 +90,7 @@ void write_receipt(store::Recordset& rs, const ui::Form& f) {
 // A blank receipt under the next number, dated today, with the shop's heading.
 void clear_receipt(ui::Runtime& rt, ui::Form& f) {
   for (const DocumentField& field : kFields) f[field.name].set_text("");
-  auto heading = shop_heading();
+  auto heading = store::shop_identity();
   for (size_t i = 0; i < std::size(kHeading); ++i) f[kHeading[i]].set_text(heading[i]);
   f["R4"].set_text(today_text(rt));
   f["R1"].set_text(next_number());

@@ -6,9 +6,14 @@
 
 namespace mz::print {
 
-std::vector<Bar> code39_bars(std::string_view data) {
-  if (data.starts_with('*')) data.remove_prefix(1);
-  if (data.ends_with('*')) data.remove_suffix(1);
+std::string_view code39_data(std::string_view stored) {
+  if (stored.starts_with('*')) stored.remove_prefix(1);
+  if (stored.ends_with('*')) stored.remove_suffix(1);
+  return stored;
+}
+
+std::vector<Bar> code39_bars(std::string_view stored) {
+  const std::string_view data = code39_data(stored);
   std::unique_ptr<zint_symbol, decltype(&ZBarcode_Delete)> symbol(ZBarcode_Create(), ZBarcode_Delete);
   symbol->symbology = BARCODE_CODE39;
   symbol->show_hrt = 0;  // the label prints the code itself where it wants it

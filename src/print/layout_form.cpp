@@ -1,6 +1,7 @@
 // A form: one row's cell laid out from the template's items, cells across
 // then down the sheet, a new sheet when they are all used.
 #include "core/text.h"
+#include "print/barcode.h"
 #include "print/render.h"
 #include "print/report_data.h"
 
@@ -26,13 +27,6 @@ std::vector<std::string> wrap(const std::string& text, double width, double size
   }
   if (!line.empty() || lines.empty()) lines.push_back(line);
   return lines;
-}
-
-std::string barcode_data(std::string text) {
-  std::string out;
-  for (char c : text)
-    if (c != '*') out += c;
-  return out;
 }
 
 void lay_out_cell(const Template& t, const ReportContext& context, const std::vector<Value>& row, double cx, double cy,
@@ -65,7 +59,7 @@ void lay_out_cell(const Template& t, const ReportContext& context, const std::ve
         page.items.emplace_back(std::in_place_type<BoxItem>, cx + item.x, cy + item.y, item.x2, item.y2, 0.3);
         break;
       case FormItemKind::Barcode: {
-        std::string data = barcode_data(context.fill(item.text, &row));
+        std::string data(code39_data(context.fill(item.text, &row)));
         if (!data.empty())
           page.items.emplace_back(std::in_place_type<BarcodeItem>, cx + item.x, cy + item.y, item.x2, item.y2, data);
         break;

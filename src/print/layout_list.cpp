@@ -25,8 +25,12 @@ class ListLayout {
     doc_.height = t.page_height;
     const auto& rows = context_.data->rows;
     const std::vector<Value>* first = rows.empty() ? nullptr : &rows.front();
-    for (const auto& c : t.columns) captions_.push_back(context_.fill(c.caption, first));
+    for (const auto& c : t.columns) {
+      captions_.push_back(context_.fill(c.caption, first));
+      sums_by_column_.push_back(c.sum ? summed_field(c.text) : nullptr);
+    }
     doc_.table.push_back(captions_);
+    for (const auto& g : t.groups) group_columns_.push_back(static_cast<size_t>(context_.data->index(g.column)));
   }
 
   Document run() {
@@ -36,13 +40,7 @@ class ListLayout {
     counts_.assign(levels + 1, 0);
     new_page();
     for (size_t r = 0; r < rows.size(); ++r) {
-      size_t changed = levels;
-      for (size_t g = 0; g < levels && r > 0; ++g)
-        if (group_value(rows[r], g).text() != group_value(rows[r - 1], g).text()) {
-          changed = g;
-          break;
-        }
-      if (r == 0) changed = 0;
+      size_t changed = r == 0 ? 0 : first_changed_group(rows[r - 1], rows[r]);
       if (r > 0)
         for (size_t g = levels; g-- > changed;) close_group(g, rows[r - 1]);
       for (size_t g = changed; g < levels; ++g) open_group(g, rows[r]);
@@ -58,8 +56,19 @@ class ListLayout {
   }
 
  private:
-  Value group_value(const std::vector<Value>& row, size_t g) const {
-    return row[static_cast<size_t>(context_.data->index(t_.groups[g].column))];
+  // The outermost group whose column differs between two rows, or the count
+  // of groups when none does.
+  size_t first_changed_group(const std::vector<Value>& before, const std::vector<Value>& row) const {
+    for (size_t g = 0; g < group_columns_.size(); ++g)
+      if (before[group_columns_[g]].text() != row[group_columns_[g]].text()) return g;
+    return group_columns_.size();
+  }
+
+  // The placeholder a sum column adds up: its first column.
+  static const Piece* summed_field(const FieldText& text) {
+    for (const Piece& p : text)
+      if (p.source == Source::Column) return &p;
+    return nullptr;
   }
 
   Page& page() { return doc_.pages.back(); }
@@ -117,8 +126,8 @@ class ListLayout {
       doc_.table.back().push_back(context_.fill(col.text, &row));
       std::string s = fit_text(doc_.table.back().back(), col.width - 1, t_.font_size, false);
       if (!s.empty()) text(column_x_[c], y_, col.width - 1, std::move(s), t_.font_size, false, col.align);
-      if (col.sum) {
-        Currency v = sum_value(context_.first_field(col.text, row));
+      if (sums_by_column_[c]) {
+        Currency v = sum_value(row[sums_by_column_[c]->column]);
         for (auto& level : sums_) level[c] = level[c] + v;
       }
     }
@@ -144,15 +153,15 @@ class ListLayout {
   }
 
   bool has_sums() const {
-    for (const auto& c : t_.columns)
-      if (c.sum) return true;
+    for (const Piece* summed : sums_by_column_)
+      if (summed) return true;
     return false;
   }
 
   // Where the first summed column starts: the room a closing line's text has.
   double caption_room() const {
-    for (size_t c = 0; c < t_.columns.size(); ++c)
-      if (t_.columns[c].sum) return column_x_[c] - t_.margin_left;
+    for (size_t c = 0; c < sums_by_column_.size(); ++c)
+      if (sums_by_column_[c]) return column_x_[c] - t_.margin_left;
     return right_ - t_.margin_left;
   }
 
@@ -170,14 +179,10 @@ class ListLayout {
       text(t_.margin_left, y_, width, fit_text(caption, width - 1, t_.font_size, true), t_.font_size, true, Align::Left);
     if (own_line) y_ += row_height_;
     for (size_t c = 0; c < t_.columns.size(); ++c) {
+      const Piece* summed = sums_by_column_[c];
+      if (!summed) continue;
+      const std::string pattern = summed->pattern.empty() ? "###,##0.00" : summed->pattern;
       const ListColumn& col = t_.columns[c];
-      if (!col.sum) continue;
-      std::string pattern = "###,##0.00";
-      for (const Piece& p : col.text)
-        if (!p.field.empty()) {
-          if (!p.pattern.empty()) pattern = p.pattern;
-          break;
-        }
       text(column_x_[c], y_, col.width - 1, format(Value(sums[c]), pattern), t_.font_size, true, col.align);
     }
     y_ += row_height_ + 0.8;
@@ -188,6 +193,8 @@ class ListLayout {
   Document doc_;
   std::vector<double> column_x_;
   std::vector<std::string> captions_;
+  std::vector<const Piece*> sums_by_column_;  // the field a sum column adds up, nullptr elsewhere
+  std::vector<size_t> group_columns_;
   double right_ = 0, bottom_ = 0, row_height_ = 0, y_ = 0;
   std::vector<std::vector<Currency>> sums_;  // per group level, the report's last
   std::vector<long> counts_;

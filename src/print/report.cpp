@@ -17,6 +17,7 @@
 #include "store/database.h"
 #include "store/names.h"
 #include "store/shipped_reports.h"
+#include "store/shop_identity.h"
 #include "store/sql_text.h"
 
 namespace mz::print {
@@ -45,15 +46,13 @@ std::string template_text(const std::string& name) {
   throw Error(kBadTemplate, "Não foi possível abrir o relatório " + name + ".");
 }
 
-std::vector<std::string> shop_identity() {
-  std::vector<std::string> identity(6);
+// A report prints without the shop's heading rather than not at all.
+store::ShopIdentity heading_identity() {
   try {
-    store::Recordset rs = store::Workspace::open_database("\\EMPE.Mdb").open_recordset("SELECT* FROM EMPE ORDER BY A1");
-    for (size_t i = 0; i < identity.size() && !rs.eof(); ++i) identity[i] = rs["A" + std::to_string(i + 1)].text();
+    return store::shop_identity();
   } catch (const Error&) {
-    // A report prints without the heading rather than not at all.
+    return {};
   }
-  return identity;
 }
 
 // The catalogue's type of a column of the data file, if it knows it.
@@ -70,17 +69,18 @@ std::optional<store::ColumnType> column_type(const std::string& data_file, const
 
 std::string date_literal(Date d) { return "#" + format(Value(d), "mm/dd/yyyy") + "#"; }
 
-// The conditions the store can answer with its indexes: text on any column,
-// and dates on date columns, compared by day as the formula compares them.
-// The rows that come back are still checked against the whole formula.
+// The conditions the store can answer with its indexes: text on text
+// columns, dates on date columns compared by day as the formula compares
+// them. The rows that come back are still checked against the whole formula.
 std::string where_clause(const Selection& selection, const std::string& data_file, const std::string& table) {
   std::string where;
   for (const auto& c : selection.conditions()) {
     std::string term;
-    const std::string& column = c.column;  // a column of the table: checked before
-    if (c.value.kind() == Value::Kind::Text) {
+    const std::string& column = c.column;  // a name of the catalogue's: safe in the statement
+    const auto type = column_type(data_file, table, column);
+    if (c.value.kind() == Value::Kind::Text && type == store::ColumnType::Text) {
       term = column + " " + c.op + " " + store::sql_quote(c.value.raw_text());
-    } else if (column_type(data_file, table, c.column) == store::ColumnType::Date) {
+    } else if (c.value.kind() == Value::Kind::Date && type == store::ColumnType::Date) {
       Date day = c.value.raw_date(), next = date_add_days(day, 1);
       if (c.op == "=") term = column + " >= " + date_literal(day) + " and " + column + " < " + date_literal(next);
       else if (c.op == "<=") term = column + " < " + date_literal(next);
@@ -94,18 +94,14 @@ std::string where_clause(const Selection& selection, const std::string& data_fil
 
 ReportRows read_rows(const std::string& data_file, const Template& t, const Selection& selection) {
   store::Database db = store::Workspace::open_trusted(data_file);
-  store::Recordset rs = db.open_recordset("Select * From " + t.table + " where 1 = 0");
-  std::vector<std::string> columns;
-  for (size_t i = 0; i < rs.field_count(); ++i) columns.push_back(store::lower_name(rs[i].name()));
-  for (const auto& c : selection.conditions())
-    if (std::find(columns.begin(), columns.end(), c.column) == columns.end())
-      throw Error(3075, "Campo desconhecido na fórmula de seleção: " + c.column + ".");
-  rs = db.open_recordset("Select * From " + t.table + where_clause(selection, data_file, t.table));
+  store::Recordset rs = db.open_recordset("Select * From " + t.table + where_clause(selection, data_file, t.table));
   ReportRows data;
   for (size_t i = 0; i < rs.field_count(); ++i) data.columns.push_back(store::lower_name(rs[i].name()));
   for (const std::string& column : t.columns_used())
     if (data.index(column) < 0)
       throw Error(kBadTemplate, "O relatório usa o campo " + column + ", que a tabela " + t.table + " não tem.");
+  for (const auto& c : selection.conditions())
+    if (data.index(c.column) < 0) throw Error(3075, "Campo desconhecido na fórmula de seleção: " + c.column + ".");
   for (; !rs.eof(); rs.move_next()) {
     std::vector<Value> row;
     row.reserve(data.columns.size());
@@ -162,34 +158,22 @@ int ReportRows::index(const std::string& lower_name) const {
 std::string ReportContext::fill(const FieldText& text, const std::vector<Value>* row) const {
   std::string out;
   for (const Piece& p : text) {
-    if (p.field.empty()) {
-      out += p.literal;
-    } else if (p.field == "hoje") {
-      out += format(Value(today), p.pattern.empty() ? "dd/mm/yyyy" : p.pattern);
-    } else if (p.field == "pagina") {
-      out += std::to_string(page);
-    } else if (p.field == "paginas") {
-      out += kPageCountMark;
-    } else if (p.field == "contagem") {
-      out += std::to_string(count);
-    } else if (p.field.rfind("loja.a", 0) == 0) {
-      size_t n = static_cast<size_t>(std::atoi(p.field.c_str() + 6));
-      if (n >= 1 && n <= identity.size()) out += identity[n - 1];
-    } else if (row) {
-      Value v = (*row)[static_cast<size_t>(data->index(p.field))];
-      out += p.pattern.empty() ? v.text() : format(v, p.pattern);
+    switch (p.source) {
+      case Source::Literal: out += p.literal; break;
+      case Source::Today: out += format(Value(today), p.pattern.empty() ? "dd/mm/yyyy" : p.pattern); break;
+      case Source::Page: out += std::to_string(page); break;
+      case Source::PageCount: out += kPageCountMark; break;
+      case Source::Count: out += std::to_string(count); break;
+      case Source::Shop: out += identity.at(p.shop_line); break;
+      case Source::Column:
+        if (row) {
+          const Value& v = (*row)[p.column];
+          out += p.pattern.empty() ? v.text() : format(v, p.pattern);
+        }
+        break;
     }
   }
   return out;
-}
-
-Value ReportContext::first_field(const FieldText& text, const std::vector<Value>& row) const {
-  for (const Piece& p : text)
-    if (!p.field.empty()) {
-      int i = data->index(p.field);
-      return i < 0 ? Value() : row[static_cast<size_t>(i)];
-    }
-  return Value();
 }
 
 Currency sum_value(const Value& value) {
@@ -242,8 +226,9 @@ Document run_report(const ReportRequest& request, Date today) {
     t.margin_bottom = request.margins->bottom * kMmPerTwip;
   }
   ReportRows data = read_rows(request.data_file, t, Selection::parse(request.selection_formula));
+  t.bind_columns([&data](const std::string& column) { return static_cast<size_t>(data.index(column)); });
   sort_rows(data, t.order);
-  ReportContext context{&data, shop_identity(), today, 1, static_cast<long>(data.rows.size())};
+  ReportContext context{&data, heading_identity(), today, 1, static_cast<long>(data.rows.size())};
   Document document = t.kind == Template::Kind::List ? layout_list(t, context) : layout_form(t, context);
   document.title = t.title.empty() ? name : t.title;
   number_pages(document);

@@ -6,6 +6,7 @@
 
 #include "core/value.h"
 #include "print/template.h"
+#include "store/shop_identity.h"
 
 namespace mz::print {
 
@@ -21,15 +22,13 @@ inline constexpr const char* kPageCountMark = "\x01paginas\x01";
 
 struct ReportContext {
   const ReportRows* data = nullptr;
-  std::vector<std::string> identity;  // A1 .. A6 of the shop's row
+  store::ShopIdentity identity;
   Date today;
   int page = 1;
   long count = 0;  // rows of the group or of the report, for {contagem}
 
   // The text with its placeholders filled from `row` (nullptr: no row).
   std::string fill(const FieldText& text, const std::vector<Value>* row) const;
-  // The value of the first field of a text, for sums.
-  Value first_field(const FieldText& text, const std::vector<Value>& row) const;
 };
 
 // A value added up by a sum column: money and numbers, also written as text.

@@ -1,5 +1,6 @@
 #include "print/template.h"
 
+#include <algorithm>
 #include <charconv>
 #include <set>
 #include <stdexcept>
@@ -85,7 +86,8 @@ void parse_list_statement(Template& t, Statement& s) {
       if (w == "sum") c.sum = true;
       else if (!take_align(w, c.align)) throw std::invalid_argument("opção desconhecida " + w);
     }
-    if (c.sum && (c.text.empty() || c.text.front().field.empty()))
+    auto has_field = [](const Piece& p) { return p.source == Source::Column; };
+    if (c.sum && std::none_of(c.text.begin(), c.text.end(), has_field))
       throw std::invalid_argument("coluna somada sem campo: " + caption);
     t.columns.push_back(std::move(c));
   } else if (k == "group") {
@@ -191,13 +193,30 @@ void parse_statement(Template& t, Statement& s, bool& kind_seen) {
   s.done();
 }
 
+Source field_source(const std::string& field) {
+  if (field == "hoje") return Source::Today;
+  if (field == "pagina") return Source::Page;
+  if (field == "paginas") return Source::PageCount;
+  if (field == "contagem") return Source::Count;
+  if (field.rfind("loja.", 0) == 0) return Source::Shop;
+  return Source::Column;
+}
+
+// "loja.a1" .. "loja.a6": the shop's identity lines.
+size_t shop_line(const std::string& field) {
+  static const char* const kLines[] = {"loja.a1", "loja.a2", "loja.a3", "loja.a4", "loja.a5", "loja.a6"};
+  for (size_t i = 0; i < std::size(kLines); ++i)
+    if (field == kLines[i]) return i;
+  throw std::invalid_argument("a loja só tem os campos A1 a A6: " + field);
+}
+
 }  // namespace
 
 FieldText parse_field_text(std::string_view text) {
   FieldText pieces;
   std::string literal;
   auto flush = [&] {
-    if (!literal.empty()) pieces.push_back({literal, "", ""});
+    if (!literal.empty()) pieces.push_back({literal, "", "", Source::Literal, 0});
     literal.clear();
   };
   for (size_t i = 0; i < text.size(); ++i) {
@@ -213,7 +232,10 @@ FieldText parse_field_text(std::string_view text) {
       std::string field = store::lower_name(inside.substr(0, colon));
       if (field.empty()) throw std::invalid_argument("campo vazio em \"" + std::string(text) + "\"");
       flush();
-      pieces.push_back({"", field, colon == std::string_view::npos ? "" : std::string(inside.substr(colon + 1))});
+      Piece piece{"", field, colon == std::string_view::npos ? "" : std::string(inside.substr(colon + 1)),
+                  field_source(field), 0};
+      if (piece.source == Source::Shop) piece.shop_line = shop_line(field);
+      pieces.push_back(std::move(piece));
       i = end;
     } else if (c == '}') {
       throw std::invalid_argument("chave sem abertura em \"" + std::string(text) + "\"");
@@ -225,27 +247,37 @@ FieldText parse_field_text(std::string_view text) {
   return pieces;
 }
 
+template <typename Self, typename Visit>
+void Template::for_each_text(Self& self, Visit visit) {
+  visit(self.subtitle);
+  visit(self.total);
+  for (auto& c : self.columns) {
+    visit(c.caption);
+    visit(c.text);
+  }
+  for (auto& g : self.groups) {
+    visit(g.header);
+    visit(g.footer);
+  }
+  for (auto& item : self.items) visit(item.text);
+}
+
 std::vector<std::string> Template::columns_used() const {
-  static const std::set<std::string> kSpecial = {"hoje", "pagina", "paginas", "contagem"};
   std::set<std::string> used;
-  auto add = [&](const FieldText& text) {
+  for_each_text(*this, [&](const FieldText& text) {
     for (const Piece& p : text)
-      if (!p.field.empty() && !kSpecial.count(p.field) && p.field.rfind("loja.", 0) != 0) used.insert(p.field);
-  };
-  add(subtitle);
-  add(total);
-  for (const auto& c : columns) {
-    add(c.caption);
-    add(c.text);
-  }
-  for (const auto& g : groups) {
-    used.insert(g.column);
-    add(g.header);
-    add(g.footer);
-  }
-  for (const auto& item : items) add(item.text);
+      if (p.source == Source::Column) used.insert(p.field);
+  });
+  for (const auto& g : groups) used.insert(g.column);
   for (const auto& key : order) used.insert(key.column);
   return {used.begin(), used.end()};
+}
+
+void Template::bind_columns(const std::function<size_t(const std::string&)>& place) {
+  for_each_text(*this, [&](FieldText& text) {
+    for (Piece& p : text)
+      if (p.source == Source::Column) p.column = place(p.field);
+  });
 }
 
 Template parse_template(std::string_view text, const std::string& name) {

@@ -2,6 +2,7 @@
 // A report template read from its text: a list of rows in columns, or a form
 // laid out once per row (documents, booklets, label sheets). The format is
 // described in reports/README.md.
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,11 +11,17 @@
 
 namespace mz::print {
 
+// Where a piece of text comes from.
+enum class Source { Literal, Column, Today, Page, PageCount, Count, Shop };
+
 // Text with placeholders, split once: literal pieces and fields.
 struct Piece {
   std::string literal;  // used when field is empty
   std::string field;    // lower case: a column, "loja.a1", "hoje", "pagina", "paginas", "contagem"
   std::string pattern;  // the format pattern after ':', or ""
+  Source source = Source::Literal;
+  size_t shop_line = 0;  // of Source::Shop: 0 for A1 .. 5 for A6
+  size_t column = 0;     // of Source::Column: its place in the rows, once bound
 };
 using FieldText = std::vector<Piece>;
 FieldText parse_field_text(std::string_view text);  // throws std::invalid_argument on an open brace
@@ -70,6 +77,12 @@ struct Template {
 
   // Every column a placeholder, a group or the order names, lower case.
   std::vector<std::string> columns_used() const;
+  // Gives each placeholder of a column its place in the rows that will fill it.
+  void bind_columns(const std::function<size_t(const std::string&)>& place);
+
+ private:
+  template <typename Self, typename Visit>
+  static void for_each_text(Self& self, Visit visit);
 };
 
 // Throws Error kBadTemplate naming the template and the line at fault.

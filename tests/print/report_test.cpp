@@ -59,6 +59,7 @@ TEST(PrintTemplate, BadTemplatesNameTheLineAtFault) {
       {"report list\ntable RECI\ncolumn \"V\" 20 \"R$\" sum\n", "linha 3"},  // a sum needs a field
       {"report list\ntable RECI\nbarcode 1 1 1 1 \"x\"\n", "linha 3"},      // not in a list
       {"report list\n", "faltam"},
+      {"report form\ntable RECI\ntext 0 0 \"{loja.A7}\"\n", "linha 3"},  // the shop has six lines
   };
   for (const Case& c : cases) {
     try {

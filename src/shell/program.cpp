@@ -2,14 +2,16 @@
 
 #include "documents/screens.h"
 #include "records/grade.h"
+#include "records/screens.h"
 #include "shell/screens.h"
+#include "stock/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"PRODUTO",  "Cadastro", "FORNE", "SALACAD", "CAIXA", "Contas",
-                                    "CONSULTA", "TELEFONE", "ENTRADA", "AUTO",   "REPARA", "VENDA"};
+const char* const kNotYetBuilt[] = {"CAIXA",   "Contas", "CONSULTA", "TELEFONE", "ENTRADA", "AUTO",
+                                    "REPARA",  "VENDA",  "IMPEREFE", "Impe"};
 
 }  // namespace
 
@@ -35,6 +37,13 @@ ui::Program program() {
     rt.register_screen("NP", documents::make_np);
     rt.register_screen("DUPLI", documents::make_dupli);
     rt.register_screen("BUDP", documents::make_budp);
+    rt.register_screen("PRODUTO", records::make_produto);
+    rt.register_screen("FrmImg", records::make_frmimg);
+    rt.register_screen("Cadastro", records::make_cadastro);
+    rt.register_screen("SALACAD", records::make_salacad);
+    rt.register_screen("c2", records::make_c2);
+    rt.register_screen("FORNE", stock::make_forne);
+    rt.register_screen("FORNECOD", stock::make_fornecod);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -57,6 +57,9 @@ class Control {
   int page = 0;                 // the tab page the control lies on, on a screen with tabs
   int shortcut = 0;             // a menu item's F-key (its key code), 0 for none
   bool bold = false;            // headings and titles
+  // Controls of one named block (the size slots) are drawn as a compact
+  // block, each caption above its field, ten a row.
+  std::string block;
 
   bool checked() const { return checked_; }
   void set_checked(bool on);  // an option clears the others of its group

@@ -68,10 +68,13 @@ void Runtime::activate(Form& form) {
 }
 
 void Runtime::close(std::string_view name) {
+  Dispatch dispatch(*this);
   Entry& e = entry(name);
-  if (!e.form) return;
+  if (!e.form || e.closing) return;  // an Unload that ends the program closes the rest, not itself again
+  e.closing = true;
   Form& form = *e.form;
   if (form.on_unload) form.on_unload();
+  e.closing = false;
   bool had_focus = (focused_ && &focused_->form() == &form) || active_ == &form;
   if (focused_ && &focused_->form() == &form) focused_ = nullptr;
   if (active_ == &form) active_ = nullptr;
@@ -79,8 +82,8 @@ void Runtime::close(std::string_view name) {
   if (e.shown) host_.screen_closed(form);
   e.shown = false;
   closed_.push_back(std::move(e.form));
-  if (had_focus && !stack_.empty()) activate(*stack_.back());  // the screen below comes to the front
-  if (depth_ == 0) closed_.clear();
+  // The screen below comes to the front, unless the program is ending.
+  if (had_focus && !stack_.empty() && !ended_) activate(*stack_.back());
 }
 
 bool Runtime::is_shown(std::string_view name) const {
@@ -206,7 +209,14 @@ void Runtime::centre(Form& form) {
 }
 
 void Runtime::end_program() {
+  if (ended_) return;  // the main screen's Unload ends the program too
+  Dispatch dispatch(*this);
   ended_ = true;
+  // Every open screen closes, the front one first, as the program's end
+  // unloads them all.
+  std::vector<std::string> open;
+  for (Form* form : stack_) open.push_back(form->name());
+  for (auto it = open.rbegin(); it != open.rend(); ++it) close(*it);
   host_.end_program();
 }
 

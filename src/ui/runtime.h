@@ -61,6 +61,7 @@ class Runtime {
     Factory factory;
     std::unique_ptr<Form> form;
     bool shown = false;
+    bool closing = false;  // its Unload is running
   };
   Entry& entry(std::string_view name);
   const Entry* find_entry(std::string_view name) const;

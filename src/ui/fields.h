@@ -1,0 +1,46 @@
+#pragma once
+// Field behaviours and grid filling shared by the entry screens.
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "core/value.h"
+#include "ui/runtime.h"
+
+namespace mz::ui {
+
+// A field with its caption label before it ("L" + name), as the screens lay
+// them out; an empty caption adds no label.
+Control& add_field(Form& form, const std::string& name, ControlKind kind, const std::string& caption);
+
+// A combo of names that completes as the user types; free text is allowed.
+void name_combo(Control& combo, std::vector<std::string> names);
+// Money: "," or "." once, digits and Backspace. Left empty, or holding no
+// amount (a lone ","), it becomes "0,00"; then `after_leaving` runs.
+void money_field(Control& field, std::function<void()> after_leaving = {});
+// A "##/##/####" date; left invalid or empty, it takes today's date.
+void date_field(Control& field);
+// A document number or code: digits only.
+void number_field(Control& field);
+
+// A money column for the screen, "###,##0.00"; a null as "".
+std::string money_text(const Value& value);
+// What a field writes into a column: an empty field leaves a date or money
+// column null (a text column gets "").
+Value column_value(const std::string& text);
+std::string today_text(Runtime& rt);
+// A date field as stored: shaped with "00/00/0000".
+std::string stored_date(const std::string& text);
+
+// Fills a grid: the heading row, then the rows, striped.
+void show_rows(Control& grid, const std::vector<std::string>& heading, const std::vector<std::vector<std::string>>& rows);
+// The text of a data row's first cell, "" on the heading or past the rows.
+std::string chosen_key(const Control& grid);
+
+// The jump-style trap of the handlers that write customers, accounts and
+// option lists: a row locked by another station shows "Operação não
+// realizada."; any other failure leaves the handler silently. False when
+// the work failed.
+bool jump_style(Runtime& rt, const std::function<void()>& work);
+
+}  // namespace mz::ui

@@ -131,6 +131,14 @@ std::optional<std::string> Desktop::choose_printer() {
   return printer_.toStdString();
 }
 
+std::optional<std::string> Desktop::choose_file(const std::string& title, const std::string& filter) {
+  QFileDialog dialog(nullptr, q(title), QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  dialog.setNameFilter(q(filter));
+  if (exec_dialog(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().front()).toStdString();
+}
+
 void Desktop::print_document(const print::PrintedDocument& document) {
   print_pages(print::lay_out_printed(document), printer_);
 }

@@ -34,6 +34,7 @@ class Desktop : public QObject, public ui::Host {
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
+  std::optional<std::string> choose_file(const std::string& title, const std::string& filter) override;
   void print_document(const print::PrintedDocument& document) override;
   void show_report(const print::ReportRequest& request, const print::Document& document) override;
   void send_to_port(const std::string& bytes) override;

@@ -28,6 +28,9 @@ class Host {
                                                const std::string& initial) = 0;
   // The printer dialog: the chosen printer, or nullopt when cancelled.
   virtual std::optional<std::string> choose_printer() = 0;
+  // The open-file dialog: the full path of the chosen file, or nullopt when
+  // cancelled. `filter` is a description and its patterns, "Imagens (*.jpg *.bmp)".
+  virtual std::optional<std::string> choose_file(const std::string& title, const std::string& filter) = 0;
   // A document drawn by the program, to the current printer.
   virtual void print_document(const print::PrintedDocument& document) = 0;
   // A laid-out report to the destination its component names: the preview

@@ -1,5 +1,8 @@
 #include "ui/test_host.h"
 
+#include <filesystem>
+
+#include "store/database.h"
 #include "ui/form.h"
 
 namespace mz::ui {
@@ -40,6 +43,17 @@ std::optional<std::string> TestHost::choose_printer() {
   std::string p = printers.front();
   printers.pop_front();
   return p;
+}
+
+// The queued text is the path, relative to the data folder unless absolute;
+// Cancel, or nothing queued, closes the dialog with no choice.
+std::optional<std::string> TestHost::choose_file(const std::string&, const std::string&) {
+  if (answers.empty()) return std::nullopt;
+  Reply r = answers.front();
+  answers.pop_front();
+  if (!r.is_text || r.text.empty()) return std::nullopt;
+  std::filesystem::path path(r.text);
+  return (path.is_absolute() ? path : store::Workspace::folder() / path).string();
 }
 
 void TestHost::screen_shown(Form& form) { shown.push_back(form.name()); }

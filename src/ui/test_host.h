@@ -37,6 +37,7 @@ class TestHost : public Host {
   std::optional<std::string> input_box(const std::string& prompt, const std::string& title,
                                        const std::string& initial) override;
   std::optional<std::string> choose_printer() override;
+  std::optional<std::string> choose_file(const std::string& title, const std::string& filter) override;
   void print_document(const print::PrintedDocument& document) override { printed.push_back(document); }
   void send_to_port(const std::string& bytes) override { port_jobs.push_back(bytes); }
   std::vector<print::PrintedDocument> printed;

@@ -128,7 +128,9 @@ std::vector<FileDef> build() {
   files.push_back({"C8.Mdb", "", {list_table("A1", "A1", {})}});
 
   // Customers; looked up by code and by name.
-  files.push_back({"CADA.MDB", "", {{"CADA", customer_columns(), {"CODIGO", "A1"}, {}}}});
+  // Customers are found by code and by name, and checked for duplicates by
+  // phone, CNPJ, CPF and the first reference's name.
+  files.push_back({"CADA.MDB", "", {{"CADA", customer_columns(), {"CODIGO", "A1", "A4", "A23", "A24", "A27"}, {}}}});
   files.push_back({"Cadax.Mdb", "", {{"CADA", customer_columns(), {}, {}}}});
 
   // Cash book: the date is compared with # literals, the value is summed.

@@ -60,6 +60,8 @@ class Control {
   // Controls of one named block (the size slots) are drawn as a compact
   // block, each caption above its field, ten a row.
   std::string block;
+  // A combo whose handler asks for its list to drop down (the old "%{DOWN}").
+  bool dropped_down = false;
 
   bool checked() const { return checked_; }
   void set_checked(bool on);  // an option clears the others of its group

@@ -58,17 +58,18 @@ FormWindow* Desktop::window(const ui::Form& form) const {
 void Desktop::sync() {
   for (auto& [form, window] : windows_) window->refresh();
   if (in_dialog_) return;
+  // The screen the runtime has in front takes the keyboard, also one with no
+  // field to focus (the main screen answers its F-keys).
   ui::Control* focused = runtime_.focused();
-  if (!focused) return;
-  FormWindow* w = window(focused->form());
+  ui::Form* front = focused ? &focused->form() : runtime_.active_form();
+  FormWindow* w = front ? window(*front) : nullptr;
   if (!w) return;
-  QWidget* target = w->widget(*focused);
-  if (!target) return;
   if (!w->isActiveWindow()) {
     w->raise();
     w->activateWindow();
   }
-  if (QApplication::focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
+  QWidget* target = focused ? w->widget(*focused) : nullptr;
+  if (target && QApplication::focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
 }
 
 // A modal dialog; while it is up, the runtime's focus is not pushed onto

@@ -16,6 +16,8 @@
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTableWidget>
+#include <QTimer>
+#include <QFileInfo>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -59,24 +61,41 @@ void select(QLineEdit* line, const ui::Control& c) {
 
 // A run of this many unlabelled text boxes is a block of size slots.
 constexpr int kSlotBlock = 10;
+// Fields a column holds before a long form flows into another column, so
+// that a card fits a 1366x768 display.
+constexpr int kRowsPerColumn = 16;
+
+bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
+
+bool is_wide(const ui::Control& c) {
+  return c.kind() == ControlKind::Grid || c.kind() == ControlKind::BoundGrid || c.kind() == ControlKind::ListBox;
+}
 
 }  // namespace
 
+// One place on a page: a caption and its field, a lone widget, or a whole
+// block that spans the page's width.
+struct FormWindow::Item {
+  QWidget* caption = nullptr;
+  QWidget* field = nullptr;
+  QLayout* block = nullptr;
+  bool wide = false;
+};
+
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
   auto* outer = new QVBoxLayout(this);
-  auto* fields = new QGridLayout;
   auto* buttons = new QHBoxLayout;
-  outer->addLayout(fields);
   const auto& controls = form.controls();
 
-  // A screen with tabs lays each control on its page.
-  std::vector<QGridLayout*> pages;
+  // A screen with tabs lays each control on its page; page 0 of a screen
+  // without tabs is the window itself.
+  std::vector<QVBoxLayout*> pages;
   for (const auto& c : controls) {
     if (c->kind() != ControlKind::Tabs) continue;
     auto* tabs = new QTabWidget(this);
     for (const auto& title : c->items) {
       auto* page = new QWidget(tabs);
-      pages.push_back(new QGridLayout(page));
+      pages.push_back(new QVBoxLayout(page));
       tabs->addTab(page, q(title));
     }
     ui::Control& tab_control = *c;
@@ -88,14 +107,19 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     });
     tabs->setObjectName(q(c->name()));
     widgets_[c.get()] = tabs;
-    fields->addWidget(tabs, 0, 0, 1, 2);
+    outer->addWidget(tabs);
     break;
   }
+  auto* untabbed = new QVBoxLayout;
+  outer->addLayout(untabbed);
   outer->addStretch();
   outer->addLayout(buttons);
 
-  std::map<QGridLayout*, int> next_row;
-  std::map<QGridLayout*, bool> label_waiting;  // a caption on the row, waiting for its field
+  auto page_of = [&](const ui::Control& c) -> QVBoxLayout* {
+    if (pages.empty()) return untabbed;
+    return pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
+  };
+  std::map<QVBoxLayout*, std::vector<Item>> items;
   QMenu* menu = nullptr;
   for (size_t i = 0; i < controls.size(); ++i) {
     ui::Control& c = *controls[i];
@@ -115,41 +139,100 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       });
       continue;
     }
-    QWidget* w = make_widget(c);
+    std::vector<Item>& page = items[page_of(c)];
+    // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      buttons->addWidget(w);
+      if (pages.empty() || c.page == 0) buttons->addWidget(make_widget(c));
+      else page.push_back({nullptr, make_widget(c), nullptr, false});
       continue;
     }
-    QGridLayout* grid = pages.empty() ? fields : pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
-    int& row = next_row[grid];
-    if (grid == fields && row == 0 && !pages.empty()) row = 1;  // under the tabs
-    // Size slots: ten boxes a row, compact.
+    // A named block: each caption above its field, ten a row.
+    if (!c.block.empty()) {
+      auto* block = new QGridLayout;
+      block->setHorizontalSpacing(4);
+      block->setVerticalSpacing(1);
+      int k = 0;
+      for (; i < controls.size() && controls[i]->block == c.block; ++i, ++k) {
+        ui::Control& member = *controls[i];
+        QWidget* w = make_widget(member);
+        bool caption = member.kind() == ControlKind::Label && i + 1 < controls.size() &&
+                       controls[i + 1]->block == c.block && controls[i + 1]->kind() != ControlKind::Label;
+        if (caption) {
+          w->setMinimumWidth(0);
+          block->addWidget(w, (k / kSlotBlock) * 2, k % kSlotBlock, Qt::AlignBottom | Qt::AlignHCenter);
+          QWidget* field = make_widget(*controls[++i]);
+          field->setMaximumWidth(72);
+          block->addWidget(field, (k / kSlotBlock) * 2 + 1, k % kSlotBlock);
+        } else {
+          w->setMaximumWidth(72);
+          block->addWidget(w, (k / kSlotBlock) * 2 + 1, k % kSlotBlock);
+        }
+      }
+      --i;
+      page.push_back({nullptr, nullptr, block, true});
+      continue;
+    }
+    // Size slots declared as a plain run of text boxes: ten a row, compact.
     size_t run = 0;
     while (i + run < controls.size() && controls[i + run]->kind() == ControlKind::TextBox &&
-           controls[i + run]->page == c.page)
+           controls[i + run]->page == c.page && controls[i + run]->block.empty())
       ++run;
-    if (!label_waiting[grid] && run >= kSlotBlock) {
+    if (run >= kSlotBlock) {
       auto* block = new QGridLayout;
       for (size_t k = 0; k < run; ++k) {
-        QWidget* box = k == 0 ? w : make_widget(*controls[i + k]);
+        QWidget* box = make_widget(*controls[i + k]);
         box->setMaximumWidth(60);
         block->addWidget(box, static_cast<int>(k) / kSlotBlock, static_cast<int>(k) % kSlotBlock);
       }
-      grid->addLayout(block, row++, 0, 1, 2);
+      page.push_back({nullptr, nullptr, block, true});
       i += run - 1;
       continue;
     }
-    if (c.kind() == ControlKind::Label && !c.text().empty()) {
-      if (label_waiting[grid]) ++row;
-      grid->addWidget(w, row, 0);
-      label_waiting[grid] = true;
-    } else {
-      grid->addWidget(w, row++, 1);
-      label_waiting[grid] = false;
+    // A caption joins the field that follows it on the same page.
+    if (is_caption(c) && i + 1 < controls.size()) {
+      const ui::Control& next = *controls[i + 1];
+      if (next.kind() != ControlKind::Label && next.kind() != ControlKind::Button &&
+          next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
+        QWidget* caption = make_widget(c);
+        page.push_back({caption, make_widget(*controls[++i]), nullptr, false});
+        continue;
+      }
     }
+    page.push_back({nullptr, make_widget(c), nullptr, is_wide(c)});
   }
+  for (auto& [page, list] : items) lay_out(page, list);
   setWindowTitle(q(form.caption));
   refresh();
+}
+
+// Runs of fields flow into as many columns as keep a column short; wide
+// items (grids, blocks) take the whole width between them.
+void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
+  for (size_t i = 0; i < list.size();) {
+    if (list[i].wide) {
+      if (list[i].block) page->addLayout(list[i].block);
+      else page->addWidget(list[i].field, 1);
+      ++i;
+      continue;
+    }
+    size_t end = i;
+    while (end < list.size() && !list[end].wide) ++end;
+    const int count = static_cast<int>(end - i);
+    const int columns = (count + kRowsPerColumn - 1) / kRowsPerColumn;
+    const int rows = (count + columns - 1) / columns;
+    auto* grid = new QGridLayout;
+    grid->setVerticalSpacing(3);
+    for (int k = 0; k < count; ++k) {
+      const Item& item = list[i + static_cast<size_t>(k)];
+      int row = k % rows, col = (k / rows) * 2;
+      if (item.caption) grid->addWidget(item.caption, row, col);
+      grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
+      grid->setColumnStretch(col + 1, 1);
+    }
+    page->addLayout(grid);
+    i = end;
+  }
+  page->addStretch();
 }
 
 QWidget* FormWindow::make_widget(ui::Control& c) {
@@ -232,7 +315,7 @@ void FormWindow::watch(QWidget* w, ui::Control& c) {
 }
 
 QWidget* FormWindow::widget(const ui::Control& control) const {
-  auto it = widgets_.find(&control);
+  auto it = widgets_.find(const_cast<ui::Control*>(&control));
   return it == widgets_.end() ? nullptr : it->second;
 }
 
@@ -249,13 +332,18 @@ void FormWindow::refresh() {
       p.setColor(QPalette::Base, colour(c.back_colour));
       line->setPalette(p);
     } else if (auto* combo = qobject_cast<QComboBox*>(w)) {
-      QStringList items;
-      for (const auto& item : c.items) items << q(item);
-      QStringList shown;
-      for (int k = 0; k < combo->count(); ++k) shown << combo->itemText(k);
-      if (shown != items) {
+      // A list of thousands of names is rebuilt only when it changed.
+      std::vector<std::string>& shown = shown_items_[control];
+      if (shown != c.items) {
+        QStringList items;
+        for (const auto& item : c.items) items << q(item);
         combo->clear();
         combo->addItems(items);
+        shown = c.items;
+      }
+      if (c.dropped_down) {
+        control->dropped_down = false;  // the request is carried out once
+        QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
       }
       if (combo->currentText() != q(c.text())) combo->setEditText(q(c.text()));
       select(combo->lineEdit(), c);
@@ -282,10 +370,29 @@ void FormWindow::refresh() {
         }
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
       if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
+    } else if (c.kind() == ControlKind::Image) {
+      show_picture(static_cast<QLabel*>(w), c.text());
     } else if (auto* label = qobject_cast<QLabel*>(w)) {
       label->setText(q(c.text()));
     }
   }
+}
+
+// An image whose text names a picture file shows the picture; otherwise its
+// text is a caption, as on the main screens.
+void FormWindow::show_picture(QLabel* label, const std::string& text) {
+  if (label->property("shown").toString() == q(text)) return;
+  label->setProperty("shown", q(text));
+  QPixmap pixmap = QFileInfo(q(text)).isFile() ? QPixmap(q(text)) : QPixmap();
+  if (pixmap.isNull()) {
+    label->setPixmap(QPixmap());
+    label->setText(q(text));
+    return;
+  }
+  label->setText("");
+  label->setFixedSize(160, 160);
+  label->setAlignment(Qt::AlignCenter);
+  label->setPixmap(pixmap.scaled(label->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
 bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
@@ -331,6 +438,18 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     default:
       return false;
   }
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  ui::Runtime& rt = desktop_.runtime();
+  if (int code = runtime_key(event->key())) rt.press_key(code, event->modifiers() & Qt::ShiftModifier ? 1 : 0);
+  else return QWidget::keyPressEvent(event);
+  desktop_.sync();
+}
+
+void FormWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  QTimer::singleShot(0, this, [this] { desktop_.sync(); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

@@ -2,6 +2,11 @@
 // One screen drawn with Qt widgets, one widget a control.
 #include <QWidget>
 #include <map>
+#include <string>
+#include <vector>
+
+class QLabel;
+class QVBoxLayout;
 
 #include "ui/form.h"
 
@@ -20,16 +25,25 @@ class FormWindow : public QWidget {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  // Keys that reach the window itself: a screen with no field in focus.
+  void keyPressEvent(QKeyEvent* event) override;
+  // A window that was just mapped can take the activation it was refused
+  // while it was still unmapped.
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
+  struct Item;
+  void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
   QWidget* make_widget(ui::Control& control);
+  static void show_picture(QLabel* label, const std::string& text);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);
 
   Desktop& desktop_;
   ui::Form& form_;
-  std::map<const ui::Control*, QWidget*> widgets_;
+  std::map<ui::Control*, QWidget*> widgets_;
+  std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's widget lists
   std::map<QObject*, ui::Control*> controls_;
 };
 

@@ -162,6 +162,10 @@ void Runtime::type_char(char32_t ch) {
     return;
   }
   if (key == 0) return;
+  // The space bar presses a button and sets an option or a check box.
+  if (key == ' ' && (c->kind() == ControlKind::Button || c->kind() == ControlKind::OptionButton ||
+                     c->kind() == ControlKind::CheckBox))
+    return click(*c);
   if (!c->is_entry() || key == key::kEscape) return;
   if (c->kind() == ControlKind::MaskedBox && !c->mask.empty()) {
     if (key == key::kBackspace) erase_masked(*c);

@@ -111,6 +111,32 @@ TEST(Desktop, TabsCarryTheirPagesAndFollowTheRuntime) {
   EXPECT_EQ(tabs->currentIndex(), 1);
 }
 
+// The clerk never clicks a window to type in it: the main screen answers its
+// F-keys at once, and a screen opened from a menu has the keyboard in its
+// first field.
+TEST(Desktop, ScreensOpenedFromTheMenusTakeTheKeyboard) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  desktop.start();
+  FormWindow* main = desktop.window(desktop.runtime().screen("INICIO"));
+  ASSERT_NE(main, nullptr);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == main; }, 2000));
+  QTest::keyClick(QApplication::activeWindow(), Qt::Key_F1);
+  ASSERT_TRUE(desktop.runtime().is_shown("opera1"));
+  FormWindow* menu = desktop.window(desktop.runtime().screen("opera1"));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == menu; }, 2000));
+  // The first option has the focus: Space sets it, Tab leaves the group, Enter goes ahead.
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  ASSERT_TRUE(desktop.runtime().is_shown("GRADE"));
+  ui::Form& grade = desktop.runtime().screen("GRADE");
+  FormWindow* window = desktop.window(grade);
+  ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == window->widget(grade["A1"]); }, 2000));
+  QTest::keyClicks(QApplication::focusWidget(), "PP1");
+  EXPECT_EQ(grade["A1"].text(), "PP1");
+}
+
 }  // namespace
 }  // namespace mz::desktop
 

@@ -197,5 +197,59 @@ TEST(UiRuntime, OptionsExcludeEachOtherAndGridsBand) {
   EXPECT_EQ(form.top, (768 - form.height) / 2);
 }
 
+// The program's end unloads every open screen, the front one first, and
+// a main screen whose Unload ends the program is not unloaded twice.
+TEST(UiRuntime, EndingTheProgramClosesEveryOpenScreen) {
+  TestHost host;
+  Runtime rt{host};
+  std::vector<std::string> unloaded;
+  for (const char* name : {"MAIN", "MENU", "CARD"}) {
+    rt.register_screen(name, [&unloaded, name](Runtime& r) {
+      auto form = std::make_unique<Form>(r, name, name);
+      form->add("A1", ControlKind::TextBox);
+      form->on_unload = [&unloaded, &r, name] {
+        unloaded.push_back(name);
+        if (std::string(name) == "MAIN") r.end_program();
+      };
+      return form;
+    });
+  }
+  rt.show("MAIN");
+  rt.show("MENU");
+  rt.show("CARD");
+  rt.close("MAIN");  // closing the main screen, as its window's close box does
+  EXPECT_EQ(unloaded, (std::vector<std::string>{"MAIN", "CARD", "MENU"}));
+  for (const char* name : {"MAIN", "MENU", "CARD"}) EXPECT_FALSE(rt.is_shown(name)) << name;
+  EXPECT_TRUE(host.ended);
+  EXPECT_EQ(rt.focused(), nullptr);
+}
+
+TEST(UiRuntime, TheSpaceBarPressesButtonsAndSetsOptions) {
+  TestHost host;
+  Runtime rt{host};
+  int clicks = 0;
+  rt.register_screen("MENU", [&clicks](Runtime& r) {
+    auto form = std::make_unique<Form>(r, "MENU", "Menu");
+    form->add("Option1", ControlKind::OptionButton, "UM").group = "g";
+    form->add("Option2", ControlKind::OptionButton, "DOIS").group = "g";
+    form->add("Check1", ControlKind::CheckBox, "TRES");
+    form->add("Command1", ControlKind::Button, "Avançar").on_click = [&clicks] { ++clicks; };
+    return form;
+  });
+  Form& f = rt.show("MENU");
+  rt.set_focus(f["Option2"]);
+  rt.type_char(' ');
+  EXPECT_TRUE(f["Option2"].checked());
+  EXPECT_FALSE(f["Option1"].checked());
+  rt.set_focus(f["Check1"]);
+  rt.type_char(' ');
+  EXPECT_TRUE(f["Check1"].checked());
+  rt.type_char(' ');
+  EXPECT_FALSE(f["Check1"].checked());
+  rt.set_focus(f["Command1"]);
+  rt.type_char(' ');
+  EXPECT_EQ(clicks, 1);
+}
+
 }  // namespace
 }  // namespace mz::ui

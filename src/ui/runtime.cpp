@@ -77,6 +77,7 @@ void Runtime::close(std::string_view name) {
   e.closing = false;
   bool had_focus = (focused_ && &focused_->form() == &form) || active_ == &form;
   if (focused_ && &focused_->form() == &form) focused_ = nullptr;
+  if (entering_ && &entering_->form() == &form) entering_ = nullptr;
   if (active_ == &form) active_ = nullptr;
   stack_.erase(std::remove(stack_.begin(), stack_.end(), &form), stack_.end());
   if (e.shown) host_.screen_closed(form);
@@ -100,7 +101,11 @@ void Runtime::set_focus(Control& control) {
   Dispatch dispatch(*this);
   if (focused_ == &control) return;
   Control* old = focused_;
+  // A control that was about to take the focus when a LostFocus handler
+  // sent it elsewhere never had it, so it has nothing to lose.
+  if (old == entering_) old = nullptr;
   focused_ = &control;
+  entering_ = &control;
   active_ = &control.form();
   control.form().last_focus = &control;
   if (old) {
@@ -109,6 +114,7 @@ void Runtime::set_focus(Control& control) {
     if (old->on_lost_focus) old->on_lost_focus();
   }
   if (focused_ != &control) return;  // the old control's handler sent the focus elsewhere
+  entering_ = nullptr;
   if (control.is_entry()) {
     control.sel_start = 0;
     control.sel_length = len(control.text());

@@ -85,6 +85,7 @@ class Runtime {
   std::vector<Form*> stack_;  // shown screens, the front one last
   int depth_ = 0;
   Control* focused_ = nullptr;
+  Control* entering_ = nullptr;  // the control set_focus is moving to, before its GotFocus
   Form* active_ = nullptr;
   bool ended_ = false;
 };

@@ -251,5 +251,26 @@ TEST(UiRuntime, TheSpaceBarPressesButtonsAndSetsOptions) {
   EXPECT_EQ(clicks, 1);
 }
 
+// A field that refuses its text keeps the focus from its LostFocus; the
+// field the user was moving to never had the focus and loses nothing.
+TEST(UiRuntime, AFieldThatKeepsTheFocusLeavesTheNextOneUntouched) {
+  Fixture f;
+  Form& form = f.rt.show("FICHA");
+  form["A1"].on_lost_focus = [&] {
+    f.events.push_back("lost A1");
+    if (form["A1"].text() == "X") f.rt.set_focus(form["A1"]);
+  };
+  form["A1"].set_text("X");
+  f.events.clear();
+  f.rt.press_key(key::kTab);
+  EXPECT_EQ(f.rt.focused(), &form["A1"]);
+  EXPECT_EQ(f.events, (std::vector<std::string>{"lost A1", "got A1"}));
+  EXPECT_EQ(form["A2"].back_colour, kWhite);
+  form["A1"].set_text("Y");
+  f.events.clear();
+  f.rt.press_key(key::kTab);
+  EXPECT_EQ(f.events, (std::vector<std::string>{"lost A1", "got A2"}));
+}
+
 }  // namespace
 }  // namespace mz::ui

@@ -128,6 +128,17 @@ void Runtime::move_on(Control& from, bool backward) {
   if (Control* next = from.form().next_in_tab_order(&from, backward)) set_focus(*next);
 }
 
+// The arrow keys go round a group of options, setting each one they reach.
+void Runtime::move_in_group(Control& from, bool backward) {
+  std::vector<Control*> group;
+  for (const auto& c : from.form().controls())
+    if (c->kind() == ControlKind::OptionButton && c->group == from.group && c->can_take_focus()) group.push_back(c.get());
+  auto at = std::find(group.begin(), group.end(), &from);
+  if (group.size() < 2 || at == group.end()) return;
+  size_t i = static_cast<size_t>(at - group.begin());
+  click(*group[(i + (backward ? group.size() - 1 : 1)) % group.size()]);
+}
+
 void Runtime::press_key(int key, int shift) {
   Dispatch dispatch(*this);
   Control* c = focused_;
@@ -147,6 +158,8 @@ void Runtime::press_key(int key, int shift) {
     c->on_key_down(key, shift);
     if (key == 0) return;
   }
+  if (c && c->kind() == ControlKind::OptionButton && (key == key::kUp || key == key::kDown))
+    return move_in_group(*c, key == key::kUp);
   if (key == key::kEnter || key == key::kBackspace || key == key::kEscape) type_char(static_cast<char32_t>(key));
 }
 

@@ -66,6 +66,7 @@ class Runtime {
   Entry& entry(std::string_view name);
   const Entry* find_entry(std::string_view name) const;
   void move_on(Control& from, bool backward);
+  void move_in_group(Control& from, bool backward);
   void apply_leave_rule(Control& control);
 
   // Keeps closed screens alive until the user's input that closed them is

@@ -224,7 +224,7 @@ TEST(UiRuntime, EndingTheProgramClosesEveryOpenScreen) {
   EXPECT_EQ(rt.focused(), nullptr);
 }
 
-TEST(UiRuntime, TheSpaceBarPressesButtonsAndSetsOptions) {
+TEST(UiRuntime, TheSpaceBarAndTheArrowsPressButtonsAndSetOptions) {
   TestHost host;
   Runtime rt{host};
   int clicks = 0;
@@ -249,6 +249,15 @@ TEST(UiRuntime, TheSpaceBarPressesButtonsAndSetsOptions) {
   rt.set_focus(f["Command1"]);
   rt.type_char(' ');
   EXPECT_EQ(clicks, 1);
+  // The arrows go round the group, setting the option they reach.
+  rt.set_focus(f["Option2"]);
+  rt.press_key(key::kDown);
+  EXPECT_EQ(rt.focused(), &f["Option1"]);
+  EXPECT_TRUE(f["Option1"].checked());
+  EXPECT_FALSE(f["Option2"].checked());
+  rt.press_key(key::kUp);
+  EXPECT_EQ(rt.focused(), &f["Option2"]);
+  EXPECT_TRUE(f["Option2"].checked());
 }
 
 // A field that refuses its text keeps the focus from its LostFocus; the

@@ -203,7 +203,13 @@ void Desktop::screen_shown(ui::Form& form) {
   auto& w = windows_[&form];
   if (!w) {
     w = std::make_unique<FormWindow>(*this, form);
-    if (form.left || form.top) w->move(form.left, form.top);  // a screen that centred itself
+    // A screen that centred itself is centred as it is drawn, not as declared.
+    if (form.left || form.top) {
+      QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+      QSize size = w->sizeHint().boundedTo(area.size());
+      w->move(area.x() + std::max(0, (area.width() - size.width()) / 2),
+              area.y() + std::max(0, (area.height() - size.height()) / 2));
+    }
   }
   w->show();
 }

@@ -52,8 +52,10 @@ int runtime_key(int qt_key) {
   }
 }
 
-// The runtime's selection, kept inside the text the widget holds.
-void select(QLineEdit* line, const ui::Control& c) {
+// The runtime's selection, kept inside the text the widget holds; a field
+// without the focus shows none.
+void select(QLineEdit* line, const ui::Control& c, bool focused) {
+  if (!focused) return line->deselect();
   int length = static_cast<int>(line->text().size());
   int start = std::min(static_cast<int>(c.sel_start), length);
   line->setSelection(start, std::min(static_cast<int>(c.sel_length), length - start));
@@ -64,6 +66,11 @@ constexpr int kSlotBlock = 10;
 // Fields a column holds before a long form flows into another column, so
 // that a card fits a 1366x768 display.
 constexpr int kRowsPerColumn = 16;
+// Beside a block or a grid the fields leave more of the height to it.
+constexpr int kRowsBesideWideItems = 8;
+constexpr int kButtonsPerRow = 8;
+
+bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
@@ -80,11 +87,13 @@ struct FormWindow::Item {
   QWidget* field = nullptr;
   QLayout* block = nullptr;
   bool wide = false;
+  bool picture = false;  // an image: beside the fields, spanning their rows
 };
 
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
   auto* outer = new QVBoxLayout(this);
-  auto* buttons = new QHBoxLayout;
+  auto* buttons = new QGridLayout;
+  int bar_buttons = 0;
   const auto& controls = form.controls();
 
   // A screen with tabs lays each control on its page; page 0 of a screen
@@ -142,7 +151,10 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     std::vector<Item>& page = items[page_of(c)];
     // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      if (pages.empty() || c.page == 0) buttons->addWidget(make_widget(c));
+      if (pages.empty() || c.page == 0) {
+        buttons->addWidget(make_widget(c), bar_buttons / kButtonsPerRow, bar_buttons % kButtonsPerRow);
+        ++bar_buttons;
+      }
       else page.push_back({nullptr, make_widget(c), nullptr, false});
       continue;
     }
@@ -150,6 +162,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     if (!c.block.empty()) {
       auto* block = new QGridLayout;
       block->setHorizontalSpacing(4);
+      block->setColumnStretch(kSlotBlock, 1);  // the block packs to the left
       block->setVerticalSpacing(1);
       int k = 0;
       for (; i < controls.size() && controls[i]->block == c.block; ++i, ++k) {
@@ -198,7 +211,10 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
         continue;
       }
     }
-    page.push_back({nullptr, make_widget(c), nullptr, is_wide(c)});
+    // A heading line over a block or a grid stands above it, as wide as it.
+    bool heads_wide = c.kind() == ControlKind::Label && i + 1 < controls.size() &&
+                      (!controls[i + 1]->block.empty() || is_wide(*controls[i + 1]));
+    page.push_back({nullptr, make_widget(c), nullptr, is_wide(c) || heads_wide, c.kind() == ControlKind::Image});
   }
   for (auto& [page, list] : items) lay_out(page, list);
   setWindowTitle(q(form.caption));
@@ -208,26 +224,33 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
 // Runs of fields flow into as many columns as keep a column short; wide
 // items (grids, blocks) take the whole width between them.
 void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
+  const bool has_wide = std::any_of(list.begin(), list.end(), [](const Item& item) { return item.wide; });
+  const int rows_per_column = has_wide ? kRowsBesideWideItems : kRowsPerColumn;
   for (size_t i = 0; i < list.size();) {
     if (list[i].wide) {
       if (list[i].block) page->addLayout(list[i].block);
-      else page->addWidget(list[i].field, 1);
+      else page->addWidget(list[i].field, is_table(list[i].field) ? 1 : 0);
       ++i;
       continue;
     }
     size_t end = i;
     while (end < list.size() && !list[end].wide) ++end;
-    const int count = static_cast<int>(end - i);
-    const int columns = (count + kRowsPerColumn - 1) / kRowsPerColumn;
-    const int rows = (count + columns - 1) / columns;
+    std::vector<const Item*> fields, pictures;
+    for (size_t k = i; k < end; ++k) (list[k].picture ? pictures : fields).push_back(&list[k]);
+    const int count = static_cast<int>(fields.size());
+    const int columns = std::max(1, (count + rows_per_column - 1) / rows_per_column);
+    const int rows = std::max(1, (count + columns - 1) / columns);
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(3);
+    for (size_t p = 0; p < pictures.size(); ++p)
+      grid->addWidget(pictures[p]->field, 0, columns * 2 + static_cast<int>(p), rows, 1, Qt::AlignTop);
     for (int k = 0; k < count; ++k) {
-      const Item& item = list[i + static_cast<size_t>(k)];
+      const Item& item = *fields[static_cast<size_t>(k)];
       int row = k % rows, col = (k / rows) * 2;
       if (item.caption) grid->addWidget(item.caption, row, col);
       grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
       grid->setColumnStretch(col + 1, 1);
+      grid->setColumnMinimumWidth(col + 1, 190);
     }
     page->addLayout(grid);
     i = end;
@@ -286,6 +309,8 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       t->setEditTriggers(QAbstractItemView::NoEditTriggers);
       t->horizontalHeader()->hide();
       t->verticalHeader()->hide();
+      t->setWordWrap(false);
+      t->horizontalHeader()->setStretchLastSection(true);
       connect(t, &QTableWidget::cellDoubleClicked, this, [this, &c](int r, int) {
         c.grid.row = r;
         desktop_.runtime().dbl_click(c);
@@ -323,11 +348,12 @@ void FormWindow::refresh() {
   setWindowTitle(q(form_.caption));
   for (const auto& [control, w] : widgets_) {
     const ui::Control& c = *control;
+    const bool has_focus = desktop_.runtime().focused() == control;
     w->setVisible(c.visible);
     w->setEnabled(c.enabled);
     if (auto* line = qobject_cast<QLineEdit*>(w)) {
       if (line->text() != q(c.text())) line->setText(q(c.text()));
-      select(line, c);
+      select(line, c, has_focus);
       QPalette p = line->palette();
       p.setColor(QPalette::Base, colour(c.back_colour));
       line->setPalette(p);
@@ -346,7 +372,7 @@ void FormWindow::refresh() {
         QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
       }
       if (combo->currentText() != q(c.text())) combo->setEditText(q(c.text()));
-      select(combo->lineEdit(), c);
+      select(combo->lineEdit(), c, has_focus);
       QPalette p = combo->lineEdit()->palette();
       p.setColor(QPalette::Base, colour(c.back_colour));
       combo->lineEdit()->setPalette(p);
@@ -359,6 +385,10 @@ void FormWindow::refresh() {
       button->setChecked(c.checked());
     } else if (auto* table = qobject_cast<QTableWidget*>(w)) {
       const ui::GridCells& g = c.grid;
+      // A long list is rebuilt only when its cells changed.
+      auto& shown = shown_cells_[control];
+      if (shown.first == g.text && shown.second == g.colour && table->rowCount() == g.rows) continue;
+      shown = {g.text, g.colour};
       table->setRowCount(g.rows);
       table->setColumnCount(g.cols);
       for (int r = 0; r < g.rows; ++r)
@@ -368,10 +398,11 @@ void FormWindow::refresh() {
           if (r < g.fixed_rows) item->setFont([] { QFont f; f.setBold(true); return f; }());
           table->setItem(r, col, item);
         }
+      table->resizeColumnsToContents();
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
       if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
     } else if (c.kind() == ControlKind::Image) {
-      show_picture(static_cast<QLabel*>(w), c.text());
+      show_picture(static_cast<QLabel*>(w), c.text(), c.picture_size ? c.picture_size : 160);
     } else if (auto* label = qobject_cast<QLabel*>(w)) {
       label->setText(q(c.text()));
     }
@@ -380,7 +411,7 @@ void FormWindow::refresh() {
 
 // An image whose text names a picture file shows the picture; otherwise its
 // text is a caption, as on the main screens.
-void FormWindow::show_picture(QLabel* label, const std::string& text) {
+void FormWindow::show_picture(QLabel* label, const std::string& text, int size) {
   if (label->property("shown").toString() == q(text)) return;
   label->setProperty("shown", q(text));
   QPixmap pixmap = QFileInfo(q(text)).isFile() ? QPixmap(q(text)) : QPixmap();
@@ -390,7 +421,7 @@ void FormWindow::show_picture(QLabel* label, const std::string& text) {
     return;
   }
   label->setText("");
-  label->setFixedSize(160, 160);
+  label->setFixedSize(size, size);
   label->setAlignment(Qt::AlignCenter);
   label->setPixmap(pixmap.scaled(label->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }

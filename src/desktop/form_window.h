@@ -36,7 +36,7 @@ class FormWindow : public QWidget {
   struct Item;
   void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
   QWidget* make_widget(ui::Control& control);
-  static void show_picture(QLabel* label, const std::string& text);
+  static void show_picture(QLabel* label, const std::string& text, int size);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);
 
@@ -44,6 +44,7 @@ class FormWindow : public QWidget {
   ui::Form& form_;
   std::map<ui::Control*, QWidget*> widgets_;
   std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's widget lists
+  std::map<const ui::Control*, std::pair<std::vector<std::string>, std::vector<uint32_t>>> shown_cells_;
   std::map<QObject*, ui::Control*> controls_;
 };
 

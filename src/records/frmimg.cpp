@@ -13,7 +13,7 @@ namespace mz::records {
 std::unique_ptr<ui::Form> make_frmimg(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "FrmImg", "Foto");
   ui::Form& f = *form;
-  f.add("Image1", ui::ControlKind::Image);
+  f.add("Image1", ui::ControlKind::Image).picture_size = 520;
   f.add("Command1", ui::ControlKind::Button, "&Volta").on_click = [&rt] { rt.close("FrmImg"); };
   f.on_load = [&rt, &f] {
     rt.centre(f);

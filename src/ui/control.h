@@ -60,6 +60,8 @@ class Control {
   // Controls of one named block (the size slots) are drawn as a compact
   // block, each caption above its field, ten a row.
   std::string block;
+  // The size a picture is drawn at, in pixels; 0 for the usual size.
+  int picture_size = 0;
   // A combo whose handler asks for its list to drop down (the old "%{DOWN}").
   bool dropped_down = false;
 

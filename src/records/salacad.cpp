@@ -47,6 +47,7 @@ constexpr EmployeeField kFields[] = {
     {"X19", "FONE 2:", ControlKind::TextBox},
     {"X20", "LOCAL:", ControlKind::TextBox},
     {"X21", "EMP:", ControlKind::TextBox},
+    {"X22", "CBO:", ControlKind::TextBox},
 };
 
 constexpr int kCardPage = 0, kListPage = 1;

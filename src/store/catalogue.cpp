@@ -310,11 +310,12 @@ std::vector<FileDef> build() {
                      ledger_indexes(),
                      {}}}});
 
-  // Employees; the commission per cent is kept as typed.
+  // Employees; the commission per cent is kept as typed. The card's last
+  // caption, CBO, has a column of its own after the fifteen free ones.
   files.push_back({"SALA.Mdb", "",
                    {{"SALA",
                      text({"X1", "X2", "X4", "X9", "X10", "X11", "X3"}) + slots("X", 5, 8, ColumnType::Text) +
-                         slots("X", 12, 21, ColumnType::Text),
+                         slots("X", 12, 22, ColumnType::Text),
                      {"X1", "X2"},
                      {}}}});
 

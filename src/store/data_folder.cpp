@@ -166,8 +166,29 @@ bool is_new_shop(const std::filesystem::path& folder) {
   return true;
 }
 
+SetupReport upgrade_shop_folder(const std::filesystem::path& folder) {
+  SetupReport report;
+  for (const FileDef& def : catalogue()) {
+    std::filesystem::path path = folder / storage_name(def.name);
+    if (!std::filesystem::is_regular_file(path)) continue;
+    try {
+      SetupFile file(path);
+      file.exec("BEGIN IMMEDIATE");
+      for (const TableDef& table : def.tables)
+        if (!file.columns_of(table.name).empty()) set_up_table(file, def, table, report);
+      file.exec("COMMIT");
+    } catch (const Error&) {
+      continue;  // a damaged or busy file is left as it is, for the screens to report
+    }
+  }
+  return report;
+}
+
 bool prepare_shop_folder(const std::filesystem::path& folder) {
-  if (!is_new_shop(folder)) return false;
+  if (!is_new_shop(folder)) {
+    upgrade_shop_folder(folder);
+    return false;
+  }
   setup_data_folder(folder);
   return true;
 }

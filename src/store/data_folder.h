@@ -20,9 +20,13 @@ SetupReport setup_data_folder(const std::filesystem::path& folder);
 
 // A folder without a single database file is a new shop.
 bool is_new_shop(const std::filesystem::path& folder);
-// What the program does on start: a new shop's folder is set up; a folder
-// with any database file is left alone, so a missing or damaged file shows
-// as such. True when it set the folder up.
+// An existing shop's tables get the columns and indexes the program has come
+// to need; no file or table is created, and a file that cannot be opened as
+// a database is left as it is.
+SetupReport upgrade_shop_folder(const std::filesystem::path& folder);
+// What the program does on start: a new shop's folder is set up; in a folder
+// with any database file only the tables there are upgraded, so a missing or
+// damaged file shows as such. True when it set the folder up.
 bool prepare_shop_folder(const std::filesystem::path& folder);
 
 }  // namespace mz::store

@@ -27,11 +27,13 @@ void type_accented(QWidget* widget, const QString& text) {
 
 const char* const kScreens[] = {"INICIO", "ini2",  "opera1", "OPERA2", "OPERA", "MENUDP", "SENHA2", "SENHA",
                                 "GRADE",  "EMPRE", "lay",    "CADSENHA", "msn", "VENDA", "RECIBO", "BUSRECI",
-                                "NP",     "DUPLI", "BUDP"};
+                                "NP",     "DUPLI", "BUDP", "PRODUTO", "FrmImg", "FORNECOD", "Cadastro", "SALACAD",
+                                "c2",     "FORNE"};
 // Screens whose first field is a number or a date: they refuse letters, so
 // only the barcode reader's digits are typed there.
 bool takes_digits_only(const std::string& name) {
-  return name == "RECIBO" || name == "BUSRECI" || name == "NP" || name == "DUPLI" || name == "BUDP";
+  return name == "RECIBO" || name == "BUSRECI" || name == "NP" || name == "DUPLI" || name == "BUDP" ||
+         name == "SALACAD";
 }
 
 TEST(Desktop, EveryScreenTakesTypingAndEnterMovesOn) {

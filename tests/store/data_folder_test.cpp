@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <fstream>
+#include <iterator>
 
 #include "core/error.h"
 #include "store/catalogue.h"
@@ -110,6 +111,37 @@ TEST(StoreDataFolder, TheProgramSetsUpOnlyANewShop) {
   { std::ofstream(one_file_left.path() / "cada.db") << ""; }
   EXPECT_FALSE(prepare_shop_folder(one_file_left.path()));
   EXPECT_FALSE(std::filesystem::exists(one_file_left.path() / "grade.db"));
+}
+
+// A shop made by an earlier version keeps its rows and gains the columns and
+// indexes that are new; a missing file stays missing and a damaged one stays
+// as it was.
+TEST(StoreDataFolder, StartUpUpgradesAnExistingShopInPlace) {
+  TempFolder shop;
+  {
+    sqlite3* db = nullptr;
+    sqlite3_open((shop.path() / "sala.db").c_str(), &db);
+    sqlite3_exec(db, "CREATE TABLE SALA (X1 TEXT, X2 TEXT); INSERT INTO SALA VALUES ('0001', 'CARLA')", nullptr, nullptr,
+                 nullptr);
+    sqlite3_close(db);
+  }
+  { std::ofstream(shop.path() / "lay.db") << "isto não é um banco de dados"; }
+  EXPECT_FALSE(prepare_shop_folder(shop.path()));
+  EXPECT_FALSE(std::filesystem::exists(shop.path() / "grade.db"));
+  std::ifstream damaged(shop.path() / "lay.db");
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(damaged), {}), "isto não é um banco de dados");
+  sqlite3* db = nullptr;
+  sqlite3_open((shop.path() / "sala.db").c_str(), &db);
+  auto one = [db](const char* sql) {
+    sqlite3_stmt* st = nullptr;
+    sqlite3_prepare_v2(db, sql, -1, &st, nullptr);
+    std::string out = sqlite3_step(st) == SQLITE_ROW ? reinterpret_cast<const char*>(sqlite3_column_text(st, 0)) : "";
+    sqlite3_finalize(st);
+    return out;
+  };
+  EXPECT_EQ(one("SELECT X2 || '|' || ifnull(X22, 'null') FROM SALA"), "CARLA|null");
+  EXPECT_EQ(one("SELECT count(*) FROM sqlite_master WHERE type = 'index' AND tbl_name = 'SALA'"), "2");
+  sqlite3_close(db);
 }
 
 TEST(StoreDataFolder, DamagedFileIsReportedNotReplaced) {

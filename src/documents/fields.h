@@ -20,13 +20,7 @@ using ui::number_field;
 using ui::show_rows;
 using ui::today_text;
 
-// A field of a document screen: its name, which is also its column's, its
-// caption and its kind, in the screen's order of entry.
-struct DocumentField {
-  const char* name;
-  const char* caption;
-  ui::ControlKind kind;
-};
+using ui::FieldSpec;
 
 // The amount as typed ("1.234,56") in Portuguese words, without brackets.
 std::string amount_words(const std::string& amount);

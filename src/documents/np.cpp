@@ -19,7 +19,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of the form; each is also a column of P1IMP.
-constexpr DocumentField kFields[] = {
+constexpr FieldSpec kFields[] = {
     {"CODi", "NÚMERO:", ControlKind::TextBox},
     {"A1", "VENCIMENTO:", ControlKind::ComboBox},
     {"A2", "", ControlKind::ComboBox},
@@ -56,7 +56,7 @@ std::string issue_text(ui::Runtime& rt) {
 
 // An empty note under `number`, due in this year, issued today.
 void new_note(ui::Runtime& rt, ui::Form& f, const std::string& number) {
-  for (const DocumentField& field : kFields) f[field.name].set_text("");
+  for (const FieldSpec& field : kFields) f[field.name].set_text("");
   f["CODi"].set_text(number);
   f["A3"].set_text(std::to_string(rt.host().today().year()));
   f["A15"].set_text(issue_text(rt));
@@ -67,8 +67,8 @@ void write_note(const ui::Form& f) {
   db.execute("DELETE FROM P1IMP");
   store::Recordset rs = db.open_recordset("SELECT * FROM P1IMP");
   rs.add_new();
-  for (const DocumentField& field : kFields) {
-    std::string name = field.name, text = f[name].text();
+  for (const FieldSpec& field : kFields) {
+    std::string name(field.name), text = f[name].text();
     if (name == "A4") text = format(Value(text), "###,##0.00") + " ( " + amount_words(text) + " ) ";
     else if (is_document(name)) text = format(Value(text), "##############");
     rs[name] = text;
@@ -87,9 +87,9 @@ std::string following(const std::string& number) {
 std::unique_ptr<ui::Form> make_np(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "NP", "Nota Promissória");
   ui::Form& f = *form;
-  for (const DocumentField& field : kFields) {
-    if (std::string(field.name) == "A11") f.add("Label1", ControlKind::Label, "AVALISTA(S):");
-    add_field(f, field.name, field.kind, field.caption);
+  for (const FieldSpec& field : kFields) {
+    if (field.name == "A11") f.add("Label1", ControlKind::Label, "AVALISTA(S):");
+    add_field(f, field);
   }
   for (int day = 1; day <= 31; ++day) f["A1"].items.push_back(std::to_string(day));
   for (int month = 1; month <= 12; ++month) f["A2"].items.push_back(ucase(month_name(month)));

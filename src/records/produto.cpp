@@ -18,14 +18,8 @@ using namespace produto;
 
 namespace {
 
-struct Field {
-  const char* name;
-  const char* caption;
-  ControlKind kind;
-};
-
 // In the order of entry.
-constexpr Field kFields[] = {
+constexpr ui::FieldSpec kFields[] = {
     {"GR", "REFERÊNCIA", ControlKind::TextBox},
     {"E1", "GRUPO", ControlKind::ComboBox},
     {"E2", "DESCRIÇÃO DO PRODUTO", ControlKind::TextBox},
@@ -85,7 +79,7 @@ void leave_code(ui::Form& f) {
 }
 
 void declare_fields(ui::Runtime& rt, ui::Form& f) {
-  for (const Field& field : kFields) ui::add_field(f, field.name, field.kind, field.caption);
+  for (const ui::FieldSpec& field : kFields) ui::add_field(f, field);
   f["GR"].on_lost_focus = [&f] { leave_code(f); };
   ui::Control& minimum = f["E5"];
   ui::number_field(minimum);

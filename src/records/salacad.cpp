@@ -18,14 +18,8 @@ using ui::ControlKind;
 
 namespace {
 
-struct EmployeeField {
-  const char* name;  // also its column in SALA
-  const char* caption;
-  ControlKind kind;
-};
-
 // In the order of entry, all on the card's tab.
-constexpr EmployeeField kFields[] = {
+constexpr ui::FieldSpec kFields[] = {
     {"X1", "CÓDIGO:", ControlKind::TextBox},
     {"X2", "NOME DO FUNCIONÁRIO:", ControlKind::TextBox},
     {"X4", "STATUS:", ControlKind::ComboBox},
@@ -68,15 +62,15 @@ void load_employee(ui::Form& f, const char* column, const std::string& value) {
   store::Database db = employees();
   store::Recordset rs = employee_row(db, column, value);
   if (rs.eof()) return;
-  for (const EmployeeField& field : kFields) {
-    std::string name = field.name;
+  for (const ui::FieldSpec& field : kFields) {
+    std::string name(field.name);
     f[name].set_text(name == "X10" ? store::data_tela(rs[name]) : rs[name].text());
   }
 }
 
 void write_employee(store::Recordset& rs, const ui::Form& f) {
-  for (const EmployeeField& field : kFields) {
-    std::string name = field.name;
+  for (const ui::FieldSpec& field : kFields) {
+    std::string name(field.name);
     const std::string& text = f[name].text();
     rs[name] = Value(name == "X10" ? ui::stored_date(text) : text);
   }
@@ -98,7 +92,7 @@ std::string next_code() {
 
 // A blank card under the next code; the list in the order asked for.
 void new_record(ui::Form& f, const char* order) {
-  for (const EmployeeField& field : kFields) f[field.name].set_text("");
+  for (const ui::FieldSpec& field : kFields) f[field.name].set_text("");
   f["X4"].list_index = -1;
   f["X4"].set_text("ATIVO");
   f["X11"].set_text("0,00");
@@ -137,9 +131,9 @@ std::unique_ptr<ui::Form> make_salacad(ui::Runtime& rt) {
   ui::Control& tabs = f.add("SSTab1", ControlKind::Tabs);
   tabs.items = {"Cadastro", "Funcionários"};
   tabs.tab_stop = false;
-  for (const EmployeeField& field : kFields) {
-    ui::add_field(f, field.name, field.kind, field.caption);
-    if (std::string(field.name) == "X9") f.add("LX9Unit", ControlKind::Label, "(%)");
+  for (const ui::FieldSpec& field : kFields) {
+    ui::add_field(f, field);
+    if (field.name == "X9") f.add("LX9Unit", ControlKind::Label, "(%)");
   }
 
   ui::Control& code = f["X1"];

@@ -18,6 +18,10 @@ Control& add_field(Form& form, const std::string& name, ControlKind kind, const 
   return form.add(name, kind);
 }
 
+Control& add_field(Form& form, const FieldSpec& field) {
+  return add_field(form, std::string(field.name), field.kind, field.caption);
+}
+
 void name_combo(Control& combo, std::vector<std::string> names) {
   combo.items = std::move(names);
   combo.on_key_press = [&combo](int& key) { combo_inteligente(combo, key); };

@@ -188,8 +188,9 @@ std::unique_ptr<ui::Form> make_salacad(ui::Runtime& rt) {
     if (found) rt.message("Exclusão realizada com sucesso.");
     start_over("x1");
   };
-  f.add("sdf", ControlKind::MenuItem, "Grava").on_click = grava;
-  f.add("asd", ControlKind::MenuItem, "Apaga").on_click = apaga;
+  // The menu items and buttons of the same name do the same thing.
+  ui::add_action(f, "Grava", "sdf", "Grava", grava);
+  ui::add_action(f, "Apaga", "asd", "Apaga", apaga);
   f.add("Novo", ControlKind::Button, "Novo").on_click = [start_over] { start_over("x2"); };
   f.add("Command17", ControlKind::Button, "Ajuda").on_click = [&rt] {
     rt.message("O Ajuda, será aberto minimizado na barra de tarefas.", ui::Buttons::Ok, ui::Icon::Information);

@@ -17,6 +17,8 @@
 #include <QTabWidget>
 #include <QTableWidget>
 #include <QTimer>
+#include <QPlainTextEdit>
+#include <QTextCursor>
 #include <QFileInfo>
 #include <QVBoxLayout>
 
@@ -263,7 +265,13 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
   switch (c.kind()) {
     case ControlKind::TextBox:
     case ControlKind::MaskedBox:
-      w = new QLineEdit(this);
+      if (c.multi_line) {
+        auto* notes = new QPlainTextEdit(this);
+        notes->setFixedHeight(3 * notes->fontMetrics().lineSpacing() + 12);
+        w = notes;
+      } else {
+        w = new QLineEdit(this);
+      }
       break;
     case ControlKind::ComboBox: {
       auto* combo = new QComboBox(this);
@@ -357,6 +365,17 @@ void FormWindow::refresh() {
       QPalette p = line->palette();
       p.setColor(QPalette::Base, colour(c.back_colour));
       line->setPalette(p);
+    } else if (auto* notes = qobject_cast<QPlainTextEdit*>(w)) {
+      if (notes->toPlainText() != q(c.text())) notes->setPlainText(q(c.text()));
+      QTextCursor cursor = notes->textCursor();
+      int length = static_cast<int>(notes->toPlainText().size());
+      int start = has_focus ? std::min(static_cast<int>(c.sel_start), length) : length;
+      cursor.setPosition(start);
+      if (has_focus) cursor.setPosition(std::min(start + static_cast<int>(c.sel_length), length), QTextCursor::KeepAnchor);
+      notes->setTextCursor(cursor);
+      QPalette p = notes->palette();
+      p.setColor(QPalette::Base, colour(c.back_colour));
+      notes->setPalette(p);
     } else if (auto* combo = qobject_cast<QComboBox*>(w)) {
       // A list of thousands of names is rebuilt only when it changed.
       std::vector<std::string>& shown = shown_items_[control];

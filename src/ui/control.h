@@ -53,6 +53,7 @@ class Control {
   bool visible = true;
   bool tab_stop = true;
   bool enter_moves_on = false;  // Enter acts as Tab
+  bool multi_line = false;      // a notes box: Enter starts a new line, Tab leaves
   std::string group;            // option buttons of one group exclude each other
   int page = 0;                 // the tab page the control lies on, on a screen with tabs
   int shortcut = 0;             // a menu item's F-key (its key code), 0 for none

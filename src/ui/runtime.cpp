@@ -175,7 +175,8 @@ void Runtime::type_char(char32_t ch) {
   if (focused_ != c) return;
   // Enter moves on after the field's own handler, whatever it did with the
   // key: the old screens posted a Tab and then dropped the Enter.
-  if (ch == key::kEnter && c->enter_moves_on) return move_on(*c, false);
+  if (ch == key::kEnter && c->enter_moves_on && !c->multi_line) return move_on(*c, false);
+  if (key == key::kEnter && c->multi_line && c->is_entry()) key = '\n';
   if (key == key::kEnter) {
     if (c->kind() == ControlKind::Button) click(*c);
     return;

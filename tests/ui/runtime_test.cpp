@@ -281,5 +281,19 @@ TEST(UiRuntime, AFieldThatKeepsTheFocusLeavesTheNextOneUntouched) {
   EXPECT_EQ(f.events, (std::vector<std::string>{"lost A1", "got A2"}));
 }
 
+// A notes box keeps Enter as a line break; Tab still leaves it.
+TEST(UiRuntime, ANotesBoxTakesLineBreaksAndTabLeavesIt) {
+  Fixture f;
+  Form& form = f.rt.show("FICHA");
+  form["A1"].multi_line = true;
+  f.type("LINHA 1");
+  f.rt.press_key(key::kEnter);
+  f.type("LINHA 2");
+  EXPECT_EQ(form["A1"].text(), "LINHA 1\nLINHA 2");
+  EXPECT_EQ(f.rt.focused(), &form["A1"]);
+  f.rt.press_key(key::kTab);
+  EXPECT_EQ(f.rt.focused(), &form["A2"]);
+}
+
 }  // namespace
 }  // namespace mz::ui

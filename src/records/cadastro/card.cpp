@@ -117,8 +117,8 @@ void add_card(CadastroForm& f) {
   ui::money_field(f["A31"]);
   f["A13"].items.assign(std::begin(kStates), std::end(kStates));
   f["D16"].items = {"SIM", "NÃO"};
-  // Notes run over several lines: Enter stays in the box, Tab leaves it.
-  f["A36"].enter_moves_on = false;
+  // Notes run over several lines: Enter starts a new one, Tab leaves the box.
+  f["A36"].multi_line = true;
   f["A26"].on_got_focus = [&f] {
     f["StatusBar1"].set_text(card_field("A26")->help);
     f["A26"].dropped_down = true;

@@ -15,5 +15,12 @@ int main(int argc, char** argv) {
   std::printf("%-46s %12s %12s %9s\n", "workload (medians)", "programa", "SQLite puro", "razão");
   bench::run_store_benchmarks(folder);
   bench::run_records_benchmarks(folder);
+  bench::run_consulta_benchmarks(folder);
+  bench::run_entrada_benchmarks(folder);
+  bench::run_label_benchmarks(folder);
+  bench::run_cash_benchmarks(folder);
+  bench::run_accounts_benchmarks(folder);
+  bench::run_settlement_benchmarks(folder);
+  bench::run_account_search_benchmarks(folder);
   return 0;
 }

@@ -55,5 +55,12 @@ void report(const char* workload, double program_us, double raw_us);
 
 void run_store_benchmarks(const fs::path& folder);
 void run_records_benchmarks(const fs::path& folder);
+void run_consulta_benchmarks(const fs::path& folder);
+void run_entrada_benchmarks(const fs::path& folder);
+void run_label_benchmarks(const fs::path& folder);
+void run_cash_benchmarks(const fs::path& folder);
+void run_accounts_benchmarks(const fs::path& folder);
+void run_settlement_benchmarks(const fs::path& folder);
+void run_account_search_benchmarks(const fs::path& folder);
 
 }  // namespace mz::bench

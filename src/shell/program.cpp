@@ -4,14 +4,16 @@
 #include "records/grade.h"
 #include "records/screens.h"
 #include "shell/screens.h"
+#include "finance/screens.h"
 #include "stock/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"CAIXA",   "Contas", "CONSULTA", "TELEFONE", "ENTRADA", "AUTO",
-                                    "REPARA",  "VENDA",  "IMPEREFE", "Impe"};
+const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "IMPEREFE", "Impe",
+                                    "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
+                                    "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
 }  // namespace
 
@@ -44,6 +46,19 @@ ui::Program program() {
     rt.register_screen("c2", records::make_c2);
     rt.register_screen("FORNE", stock::make_forne);
     rt.register_screen("FORNECOD", stock::make_fornecod);
+    rt.register_screen("ENTRADA", stock::make_entrada);
+    rt.register_screen("CONSULTA", stock::make_consulta);
+    rt.register_screen("PSEST", stock::make_psest);
+    rt.register_screen("ETI", stock::make_eti);
+    rt.register_screen("CAIXA", finance::make_caixa);
+    rt.register_screen("BUSCAIXA", finance::make_buscaixa);
+    rt.register_screen("ABRECX", finance::make_abrecx);
+    rt.register_screen("FECHACX", finance::make_fechacx);
+    rt.register_screen("Contas", finance::make_contas);
+    rt.register_screen("bxx", finance::make_bxx);
+    rt.register_screen("BUSCON", finance::make_buscon);
+    rt.register_screen("CONBX", finance::make_conbx);
+    rt.register_screen("CONCLIE", finance::make_conclie);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -1,0 +1,8 @@
+// PLACEHOLDER: replaced by the workload's benchmarks.
+#include "bench/support.h"
+
+namespace mz::bench {
+
+void run_label_benchmarks(const fs::path&) {}
+
+}  // namespace mz::bench

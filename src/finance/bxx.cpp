@@ -1,0 +1,9 @@
+// PLACEHOLDER: replaced by the screen's implementation.
+#include "finance/screens.h"
+#include "shell/screens.h"
+
+namespace mz::finance {
+
+std::unique_ptr<ui::Form> make_bxx(ui::Runtime& rt) { return shell::make_unavailable(rt, "bxx"); }
+
+}  // namespace mz::finance

@@ -1,5 +1,7 @@
 #include "stock/balance.h"
 
+#include <algorithm>
+
 #include "core/value.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -30,17 +32,29 @@ double balance(const Value& in, const Value& sold, const Value& out) {
   return entered - gone.to_double();
 }
 
-// One statement per ledger sums all 50 slots at once.
-std::string slot_sums_sql(const Ledger& ledger) {
-  std::string sql = "select ";
-  for (int n = 1; n <= kSlots; ++n) sql += (n > 1 ? ", sum(X" : "sum(X") + std::to_string(n) + ")";
-  return sql + " from " + ledger.table + " where REFERENCIA = ";
+// The slots a rule asks the ledgers for.
+std::vector<int> asked_slots(const SlotRule& rule) {
+  std::vector<int> slots;
+  for (int n = std::max(rule.first, 1); n <= std::min(rule.last, kSlots); ++n)
+    if (n != rule.left_out) slots.push_back(n);
+  return slots;
 }
 
-Recordset slot_sums(const Ledger& ledger, std::string_view reference) {
-  static const std::string inflow = slot_sums_sql(kInflow), sales = slot_sums_sql(kSales);
-  const std::string& prefix = std::string_view(ledger.table) == "VENDA" ? sales : inflow;
-  return Workspace::open_database(ledger.file).open_recordset(prefix + store::sql_quote(reference));
+// One statement per ledger sums all the slots asked for at once.
+Recordset slot_sums(const Ledger& ledger, const std::vector<int>& slots, std::string_view reference) {
+  std::string sql = "select ";
+  for (size_t i = 0; i < slots.size(); ++i) sql += (i ? ", sum(X" : "sum(X") + std::to_string(slots[i]) + ")";
+  sql += std::string(" from ") + ledger.table + " where REFERENCIA = " + store::sql_quote(reference);
+  return Workspace::open_database(ledger.file).open_recordset(sql);
+}
+
+bool passes(const SlotRule& rule, const SizeFlags& flags, int slot) {
+  switch (rule.gate) {
+    case Gate::None: return true;
+    case Gate::SlotOneOnly: return slot != 1 || flags[0];
+    case Gate::EverySlot: return flags[static_cast<size_t>(slot - 1)];
+  }
+  return true;
 }
 
 Value reference_sum(const Ledger& ledger, std::string_view reference) {
@@ -61,12 +75,36 @@ std::map<std::string, Value> sums_by_reference(const Ledger& ledger) {
 
 }  // namespace
 
+SizeFlags size_flags(std::string_view reference) {
+  SizeFlags flags{};
+  Recordset rs = Workspace::open_database("REFE.MDB").open_recordset("SELECT* FROM GRUPO where GR = " +
+                                                                       store::sql_quote(reference));
+  if (rs.eof()) return flags;
+  for (int n = 1; n <= kSlots; ++n) flags[static_cast<size_t>(n - 1)] = rs["A" + std::to_string(n)].text() == "SIM";
+  return flags;
+}
+
+std::vector<SlotLine> slot_lines(std::string_view reference, const SlotRule& rule) {
+  const SizeFlags flags = rule.gate == Gate::None ? SizeFlags{} : size_flags(reference);
+  std::vector<int> slots;
+  for (int n : asked_slots(rule))
+    if (passes(rule, flags, n)) slots.push_back(n);
+  std::vector<SlotLine> lines;
+  if (slots.empty()) return lines;
+  Recordset in = slot_sums(kInflow, slots, reference);
+  Recordset sold = slot_sums(kSales, slots, reference);
+  Recordset out = slot_sums(kOutflow, slots, reference);
+  for (size_t i = 0; i < slots.size(); ++i) {
+    double value = balance(in[i], sold[i], out[i]);
+    if (rule.listing == Listing::All || value != 0) lines.push_back({slots[i], value});
+  }
+  return lines;
+}
+
 std::array<double, kSlots> slot_balances(std::string_view reference) {
-  Recordset in = slot_sums(kInflow, reference);
-  Recordset sold = slot_sums(kSales, reference);
-  Recordset out = slot_sums(kOutflow, reference);
   std::array<double, kSlots> result{};
-  for (size_t n = 0; n < kSlots; ++n) result[n] = balance(in[n], sold[n], out[n]);
+  for (const SlotLine& line : slot_lines(reference, SlotRule{}))
+    result[static_cast<size_t>(line.slot - 1)] = line.balance;
   return result;
 }
 
@@ -91,5 +129,7 @@ std::map<std::string, double> all_reference_balances() {
       if (!result.count(ref)) result[ref] = balance(value_of(in, ref), value_of(sold, ref), value_of(out, ref));
   return result;
 }
+
+std::string quantity_text(double balance) { return Value(balance).text(); }
 
 }  // namespace mz::stock

@@ -2,9 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "stock/psest.h"
+#include "stock/screens.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "support/scratch_folder.h"
+#include "ui/test_host.h"
 
 namespace mz::stock {
 namespace {
@@ -70,6 +75,89 @@ TEST(StockBalance, ManyReferencesShareThreeStatements) {
   for (const char* f : {"ENTRA.MDB", "VENDA.MDB", "SAI.MDB"}) after += Workspace::open_database(f).prepared_statements();
   EXPECT_EQ(after, before);
   EXPECT_EQ(before, 3u);
+}
+
+// A product with its size flags: the slots listed open, the others "NÃO".
+void product(const std::string& reference, std::initializer_list<int> open) {
+  std::string columns = "GR", values = sql_quote(reference);
+  for (int n = 1; n <= kSlots; ++n) {
+    bool is_open = std::find(open.begin(), open.end(), n) != open.end();
+    columns += ", A" + std::to_string(n);
+    values += is_open ? ", 'SIM'" : ", 'NÃO'";
+  }
+  Workspace::open_database("REFE.MDB").execute("Insert into GRUPO (" + columns + ") values (" + values + ")");
+}
+
+using Lines = std::vector<std::pair<int, double>>;
+
+Lines lines_of(std::string_view reference, const SlotRule& rule) {
+  Lines lines;
+  for (const SlotLine& line : slot_lines(reference, rule)) lines.emplace_back(line.slot, line.balance);
+  return lines;
+}
+
+TEST(StockBalance, EachScreenAsksItsOwnSlots) {
+  testing::ScratchFolder folder;
+  product("0001", {2, 3});
+  post("ENTRA.MDB", "ENTRA", "0001", 1, "4");
+  post("ENTRA.MDB", "ENTRA", "0001", 3, "10");
+  post("VENDA.MDB", "VENDA", "0001", 3, "2");
+  post("SAI.MDB", "ENTRA", "0001", 3, "1");
+  post("ENTRA.MDB", "ENTRA", "0001", 45, "6");
+  post("VENDA.MDB", "VENDA", "0001", 30, "1");
+  const SlotRule second_half{26, kSlots, 45, Gate::EverySlot, Listing::All};
+  const SlotRule all_ungated{26, kSlots, 45, Gate::None, Listing::NonZero};
+  struct Case {
+    const char* what;
+    std::string reference;
+    SlotRule rule;
+    Lines expected;
+  };
+  const std::vector<Case> cases = {
+      {"slot 1 alone, whatever the flags", "0001", kSlotOneOnly, {{1, 4}}},
+      {"slot 1 closed, other slots ungated, zeros left out", "0001", kDetails, {{3, 7}, {30, -1}, {45, 6}}},
+      {"each slot by its flag, zeros listed", "0001", kSaleSizes, {{2, 0}, {3, 7}}},
+      {"a range with slot 45 never asked", "0001", second_half, {}},
+      {"the range ungated", "0001", all_ungated, {{30, -1}}},
+      {"a reference not on file opens no size", "0009", kSaleSizes, {}},
+      {"a reference not on file under slot 1 alone", "0009", kSlotOneOnly, {{1, 0}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    EXPECT_EQ(lines_of(c.reference, c.rule), c.expected);
+  }
+}
+
+TEST(StockBalance, QuantitiesShowPlainWithTheirSign) {
+  EXPECT_EQ(quantity_text(7), "7");
+  EXPECT_EQ(quantity_text(-4), "-4");
+  EXPECT_EQ(quantity_text(12345), "12345");
+  EXPECT_EQ(quantity_text(1.25), "1,25");
+}
+
+TEST(StockBalance, SalePopUpListsTheOpenSizes) {
+  testing::ScratchFolder folder;
+  product("0007", {1, 5});
+  post("ENTRA.MDB", "ENTRA", "0007", 5, "3");
+  post("ENTRA.MDB", "ENTRA", "0007", 6, "9");
+  ui::TestHost host;
+  ui::Runtime rt(host);
+  rt.register_screen("PSEST", make_psest);
+  std::array<std::string, kSlots> captions{};
+  captions[0] = "P";
+  captions[4] = "GG";
+  show_psest(rt, "", captions);
+  EXPECT_FALSE(rt.is_shown("PSEST"));
+  show_psest(rt, "0007", captions);
+  ASSERT_TRUE(rt.is_shown("PSEST"));
+  const ui::GridCells& g = rt.screen("PSEST")["Grid1"].grid;
+  ASSERT_EQ(g.rows, 3);
+  EXPECT_EQ(g.cell(1, 0), "P");
+  EXPECT_EQ(g.cell(1, 1), "0");
+  EXPECT_EQ(g.cell(2, 0), "GG");
+  EXPECT_EQ(g.cell(2, 1), "3");
+  rt.press_key(13);
+  EXPECT_FALSE(rt.is_shown("PSEST"));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ namespace {
 constexpr int kAccounts = 200000;
 
 std::string account_key(int i) {
-  char key[8];
+  char key[16];
   std::snprintf(key, sizeof key, "%06d", i);
   return key;
 }
@@ -94,7 +94,7 @@ double raw_settlement(const fs::path& folder) {
     sqlite3_reset(reissue);
     contas.exec("COMMIT");
     caixa.exec("BEGIN IMMEDIATE");
-    char next[9];
+    char next[16];
     std::snprintf(next, sizeof next, "%07d", std::stoi("0" + all_cells(max_cash).at(0)) + 1);
     bind_text(cash, 1, next);
     sqlite3_step(cash);

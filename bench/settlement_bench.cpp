@@ -1,8 +1,115 @@
-// PLACEHOLDER: replaced by the workload's benchmarks.
+// The settlement of an account driven through bxx as the account search opens
+// it: loading, a short payment that re-issues the rest, and the cash line,
+// beside the same statements on raw SQLite.
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <string>
+
 #include "bench/support.h"
+#include "finance/settlement.h"
+#include "shell/program.h"
+#include "ui/runtime.h"
+#include "ui/test_host.h"
 
 namespace mz::bench {
 
-void run_settlement_benchmarks(const fs::path&) {}
+namespace {
+
+constexpr int kAccounts = 200000;
+
+std::string account_key(int i) {
+  char key[16];
+  std::snprintf(key, sizeof key, "%06d", i);
+  return key;
+}
+
+// Open receivables, one a customer instalment, due across 2024 to 2026.
+void build_accounts(const fs::path& folder) {
+  if (fs::exists(folder / "bench-settlement-1")) return;
+  std::printf("Preparando as contas de medição em %s ...\n", folder.c_str());
+  Raw raw(folder / "contas.db");
+  raw.exec("BEGIN");
+  raw.exec("DELETE FROM Cada");
+  sqlite3_stmt* insert = raw.prepare(
+      "INSERT INTO Cada (CODIGO, D1, D2, D3, D4, D5, D6, D7, D8, D9, D10, NOME, GRUPO, BX) "
+      "VALUES (?, 'Receber', ?, ?, ?, ?, 'Venda Balcão', 'CREDIÁRIO', '', ?, '', '', '', 'A')");
+  for (int i = 1; i <= kAccounts; ++i) {
+    bind_text(insert, 1, account_key(i));
+    sqlite3_bind_double(insert, 2, 45292 + i % 1000);
+    sqlite3_bind_double(insert, 3, 45322 + i % 1000);
+    bind_text(insert, 4, std::to_string(i));
+    sqlite3_bind_double(insert, 5, 50 + i % 300);
+    bind_text(insert, 6, customer_name(1 + i % kCustomers));
+    sqlite3_step(insert);
+    sqlite3_reset(insert);
+  }
+  raw.exec("COMMIT");
+  std::fclose(std::fopen((folder / "bench-settlement-1").c_str(), "w"));
+}
+
+int account_of(int i) { return 1 + (i * 7919) % kAccounts; }
+
+double program_settlement() {
+  ui::TestHost host;
+  ui::Runtime rt{host};
+  shell::program().register_screens(rt);
+  return median_us(300, [&](int i) {
+    finance::open_settlement(rt, account_key(account_of(i)));
+    ui::Form& f = rt.screen("bxx");
+    f["VP"].set_text("10,00");
+    for (ui::Answer a : {ui::Answer::Ok, ui::Answer::Ok, ui::Answer::Yes}) host.answers.push_back({a, "", false});
+    rt.click(f["Confirma"]);
+    host.answers.clear();
+    host.messages.clear();
+  });
+}
+
+double raw_settlement(const fs::path& folder) {
+  Raw contas(folder / "contas.db"), caixa(folder / "caixa.db");
+  sqlite3_stmt* load = contas.prepare("SELECT * FROM Cada WHERE CODIGO = ?");
+  sqlite3_stmt* settle = contas.prepare(
+      "UPDATE Cada SET D2 = 46348, D5 = 10, D8 = '', D10 = '', BX = 'F', VP = '10,00', DVP = '', G1 = 0, G2 = 0, "
+      "G3 = 0, PG = 46348 WHERE CODIGO = ?");
+  sqlite3_stmt* max_account = contas.prepare("SELECT max(CODIGO) FROM Cada");
+  sqlite3_stmt* reissue = contas.prepare(
+      "INSERT INTO Cada (CODIGO, D1, D2, D3, D4, D5, D6, D7, D8, D9, D10, NOME, GRUPO, BX) "
+      "SELECT ?, D1, 45292, D3, D4, 40, D6, D7, '', D9, '', '', '', 'A' FROM Cada WHERE CODIGO = ?");
+  sqlite3_stmt* max_cash = caixa.prepare("SELECT max(codigo) FROM Cada");
+  sqlite3_stmt* cash = caixa.prepare(
+      "INSERT INTO Cada (codigo, A1, A2, A3, A4, A5, A6, PLANO, NOME) VALUES (?, 46348, 'Crédito', '1', "
+      "'CREDIÁRIO', 10, 'CLIENTE', '', '')");
+  return median_us(300, [&](int i) {
+    std::string key = account_key(account_of(i + 300));
+    bind_text(load, 1, key);
+    benchmark::DoNotOptimize(all_cells(load));
+    contas.exec("BEGIN IMMEDIATE");
+    bind_text(settle, 1, key);
+    sqlite3_step(settle);
+    sqlite3_reset(settle);
+    std::string top = all_cells(max_account).at(0);
+    bind_text(reissue, 1, account_key(std::stoi(top) + 1));
+    bind_text(reissue, 2, key);
+    sqlite3_step(reissue);
+    sqlite3_reset(reissue);
+    contas.exec("COMMIT");
+    caixa.exec("BEGIN IMMEDIATE");
+    char next[16];
+    std::snprintf(next, sizeof next, "%07d", std::stoi("0" + all_cells(max_cash).at(0)) + 1);
+    bind_text(cash, 1, next);
+    sqlite3_step(cash);
+    sqlite3_reset(cash);
+    caixa.exec("COMMIT");
+  });
+}
+
+}  // namespace
+
+void run_settlement_benchmarks(const fs::path& folder) {
+  build_accounts(folder);
+  double program = program_settlement();
+  double raw = raw_settlement(folder);
+  report("settlement with re-issue and cash line (200,000 accounts)", program, raw);
+}
 
 }  // namespace mz::bench

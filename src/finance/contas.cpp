@@ -63,8 +63,11 @@ std::unique_ptr<ui::Form> make_contas(ui::Runtime& rt) {
   };
 
   add_entry(f);
-  f.add("Image1", ControlKind::Image).on_click = [&rt] { records::show_option_screen(rt, "CADASTRO DE TIPO"); };
-  f.add("Image2", ControlKind::Image).on_click = [&rt] {
+  // The hand pictures beside the types and the histories.
+  f.add("Image1", ControlKind::Image, "☞ TIPO").on_click = [&rt] {
+    records::show_option_screen(rt, "CADASTRO DE TIPO");
+  };
+  f.add("Image2", ControlKind::Image, "☞ HISTÓRICO").on_click = [&rt] {
     records::show_option_screen(rt, "CADASTRO DE HISTÓRICOS");
   };
   f.add("Command3", ControlKind::Button, "Movimento do dia").on_click = [&rt, &f] {

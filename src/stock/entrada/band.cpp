@@ -157,8 +157,8 @@ void add_band(ui::Runtime& rt, ui::Form& f, int page) {
   ui::add_field(f, "ES", ControlKind::Label, "EST. ATUAL");
   ui::Control& et = ui::add_field(f, "ET", ControlKind::ComboBox, "ETIQUETA");
   et.items = {"SIM", "NÃO"};
-  f.add("PARA_LANCAR", ControlKind::Label, "PARA LANÇAR");
-  f.add("TECLE_F1", ControlKind::Label, "TECLE F1 ");
+  f.add("ParaLancar", ControlKind::Label, "PARA LANÇAR");
+  f.add("TecleF1", ControlKind::Label, "TECLE F1 ");
   ui::Control& grid = f.add("Grid1", ControlKind::Grid);
   for (size_t i = first; i < f.controls().size(); ++i) f.controls()[i]->page = page;
 

@@ -1,9 +1,9 @@
-// PLACEHOLDER: replaced by the screen's implementation.
+// ABRECX: the money put into the drawer at the start of the day.
+#include "finance/caixa/drawer.h"
 #include "finance/screens.h"
-#include "shell/screens.h"
 
 namespace mz::finance {
 
-std::unique_ptr<ui::Form> make_abrecx(ui::Runtime& rt) { return shell::make_unavailable(rt, "ABRECX"); }
+std::unique_ptr<ui::Form> make_abrecx(ui::Runtime& rt) { return cash::make_drawer(rt, cash::kOpening); }
 
 }  // namespace mz::finance

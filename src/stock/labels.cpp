@@ -1,8 +1,115 @@
-// PLACEHOLDER: replaced by the label generation.
+// F4 on the movement screens: one BARRA row a piece of every size of every
+// line marked for labels, numbered from 1, then the label screen.
 #include "stock/labels.h"
+
+#include <array>
+#include <optional>
+#include <vector>
+
+#include "core/error.h"
+#include "core/regional.h"
+#include "records/grade.h"
+#include "stock/balance.h"
+#include "store/database.h"
+#include "store/sql_text.h"
 
 namespace mz::stock {
 
-void generate_labels(ui::Runtime&, std::string_view, const std::string&, const ui::Control&) {}
+namespace {
+
+// The movement grid: the reference, then one column a slot, then quantity,
+// cost, subtotal and the "Etiq." mark.
+constexpr int kReferenceColumn = 0;
+constexpr int kLabelColumn = 54;
+
+bool marked(const ui::Control& grid, int row) {
+  return grid.grid.cols > kLabelColumn && grid.grid.cell(row, kLabelColumn) == "SIM";
+}
+
+struct Product {
+  bool found = false;
+  std::string price, description;  // E11 and E2
+};
+
+Product product(store::Database& refe, const std::string& reference) {
+  store::Recordset rs = refe.open_recordset("SELECT* FROM GRUPO where GR = " + store::sql_quote(reference));
+  if (rs.eof()) return {};
+  return {true, rs["E11"].text(), rs["E2"].text()};
+}
+
+struct LabelRow {
+  int conta;
+  std::string code, tipo;
+  const Product* product;
+};
+
+// The rows in the order the grid gives them: line by line, slot by slot, a
+// row a piece. An empty cell is not "0" but counts no piece.
+std::vector<LabelRow> label_rows(const ui::Control& grid, const std::vector<Product>& products,
+                                 const std::array<std::string, kSlots>& captions) {
+  std::vector<LabelRow> rows;
+  int conta = 1;
+  for (int r = 1; r < grid.grid.rows; ++r) {
+    if (!marked(grid, r)) continue;
+    const std::string& reference = grid.grid.cell(r, kReferenceColumn);
+    for (int n = 1; n <= kSlots; ++n) {
+      const std::string& cell = grid.grid.cell(r, n);
+      if (cell == "0") continue;
+      double pieces = parse_number(cell).value_or(0);
+      std::string slot = (n < 10 ? "0" : "") + std::to_string(n);
+      for (int item = 1; item < pieces + 1; ++item)
+        rows.push_back({conta++, "*" + reference + slot + "*", reference + "." + slot + "." + captions[n - 1],
+                        &products[static_cast<size_t>(r)]});
+    }
+  }
+  return rows;
+}
+
+// Like the movement screen's other writes, a statement that fails is passed
+// over and the next one runs.
+void passed_over_on_failure(store::Database& db, const std::string& sql) {
+  try {
+    db.execute(sql);
+  } catch (const Error&) {
+  }
+}
+
+void fill_barra(const std::vector<LabelRow>& rows) {
+  using store::sql_quote;
+  store::Database barra = store::Workspace::open_database("\\BARRA.Mdb");
+  store::Database::Transaction unit(barra);
+  passed_over_on_failure(barra, "delete From BARRA;");
+  for (const LabelRow& row : rows) {
+    std::string values = std::to_string(row.conta) + ", " + sql_quote(row.code) + ", " + sql_quote(row.tipo);
+    if (row.product->found)
+      passed_over_on_failure(barra, "Insert into BARRA (CONTA, CODIGO, TIPO, VALOR, NOME) values (" + values + ", " +
+                                        sql_quote(row.product->price) + ", " + sql_quote(row.product->description) +
+                                        ")");
+    else
+      passed_over_on_failure(barra, "Insert into BARRA (CONTA, CODIGO, TIPO) values (" + values + ")");
+  }
+  unit.commit();
+}
+
+}  // namespace
+
+void generate_labels(ui::Runtime& rt, std::string_view ledger_file, const std::string& number, const ui::Control& grid) {
+  rt.message("Lembre-se de gravar a entrada/saída antes da emissão das etiquetas.");
+  store::Database ledger = store::Workspace::open_database(ledger_file);
+  if (ledger.open_recordset("SELECT* FROM ENTRA where CODIGO = " + store::sql_quote(number)).eof())
+    return (void)rt.message("Antes da impressão, grave a movimentação.");
+
+  rt.wait_pointer(true);
+  std::array<std::string, kSlots> captions = records::grade_load().value_or(std::array<std::string, kSlots>{});
+  // Each line's product is read once, before BARRA is held.
+  std::vector<Product> products(static_cast<size_t>(grid.grid.rows));
+  store::Database refe = store::Workspace::open_database("\\REFE.Mdb");
+  for (int r = 1; r < grid.grid.rows; ++r)
+    if (marked(grid, r))
+      products[static_cast<size_t>(r)] = product(refe, grid.grid.cell(r, kReferenceColumn));
+  fill_barra(label_rows(grid, products, captions));
+  rt.wait_pointer(false);
+  rt.show("ETI");
+}
 
 }  // namespace mz::stock

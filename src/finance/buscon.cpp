@@ -25,8 +25,8 @@ std::string kind_of(const ui::Form& f) { return f["A26"].text() == "CONTAS A REC
 
 // The open accounts of the period and kind on screen, with `extra` conditions.
 std::string open_where(ui::Runtime& rt, ui::Form& f, const std::string& extra = "") {
-  return searches::due_between(rt, f["A2"], f["A3"], kFirstDay, kLastDay) + " AND BX = 'A' AND D1 = " +
-         store::sql_quote(kind_of(f)) + extra;
+  return searches::due_between(rt, f["A2"], f["A3"], kFirstDay, kLastDay) + " AND " + searches::status_is("A") +
+         " AND D1 = " + store::sql_quote(kind_of(f)) + extra;
 }
 
 void show_accounts(ui::Form& f, const std::string& where, const std::string& order) {
@@ -36,8 +36,8 @@ void show_accounts(ui::Form& f, const std::string& where, const std::string& ord
   store::Database db = searches::accounts();
   for (store::Recordset rs = searches::select_accounts(db, where, order); !rs.eof(); rs.move_next()) {
     Value amount = rs["D5"];
-    rows.push_back({rs["D3"].text(), rs["D4"].text(), searches::list_amount(amount), rs["D7"].text(),
-                    rs["D9"].text(), rs["CODIGO"].text(), rs["D6"].text()});
+    rows.push_back({rs["D3"].text(), rs["D4"].text(), searches::list_amount(amount), rs["D7"].text(), rs["D9"].text(),
+                    rs["CODIGO"].text(), rs["D6"].text()});
     searches::add_to(total, amount);
   }
   ui::show_rows(f["Grid1"], kHeading, rows);
@@ -55,7 +55,7 @@ void list_by_document(ui::Form& f) {
   if (document.empty()) return;
   if (!is_numeric(Value(document)))
     throw Error(store::dberr::kTooFewParameters, "Parâmetros insuficientes. Era esperado 1.");
-  show_accounts(f, "D4 = " + store::sql_quote(document) + " AND BX = 'A'", "D3");
+  show_accounts(f, "D4 = " + store::sql_quote(document) + " AND " + searches::status_is("A"), "D3");
 }
 
 // Busca Plano: the open accounts of the period and kind that belong to one

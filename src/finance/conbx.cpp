@@ -35,9 +35,9 @@ constexpr Deletion kDeletions[] = {
 
 // The period is that of the due date; `by_party` narrows it to the name in D9.
 void list_settled(ui::Runtime& rt, ui::Form& f, bool by_party) {
-  std::string where = searches::due_between(rt, f["A2"], f["A3"], "01/01/1900", "30/12/2999") +
-                      " AND BX = 'F' AND D1 = " +
-                      store::sql_quote(f["A26"].text() == "CONTAS RECEBIDAS" ? "Receber" : "Pagar");
+  std::string where = searches::due_between(rt, f["A2"], f["A3"], "01/01/1900", "30/12/2999") + " AND " +
+                      searches::status_is("F") +
+                      " AND D1 = " + store::sql_quote(f["A26"].text() == "CONTAS RECEBIDAS" ? "Receber" : "Pagar");
   if (by_party) where += " AND D9 = " + store::sql_quote(f["D9"].text());
   std::vector<std::vector<std::string>> rows;
   Currency worth, paid;
@@ -45,8 +45,8 @@ void list_settled(ui::Runtime& rt, ui::Form& f, bool by_party) {
   for (store::Recordset rs = searches::select_accounts(db, where, searches::order_column(f["Combo2"].text()));
        !rs.eof(); rs.move_next()) {
     Value amount = rs["D5"], operation = rs["VP"];
-    rows.push_back({rs["D3"].text(), rs["D4"].text(), searches::list_amount(amount), rs["D7"].text(),
-                    rs["D9"].text(), rs["CODIGO"].text(), rs["D6"].text(), rs["PG"].text(), operation.text()});
+    rows.push_back({rs["D3"].text(), rs["D4"].text(), searches::list_amount(amount), rs["D7"].text(), rs["D9"].text(),
+                    rs["CODIGO"].text(), rs["D6"].text(), rs["PG"].text(), operation.text()});
     searches::add_to(worth, amount);
     searches::add_to(paid, operation);
   }
@@ -70,8 +70,8 @@ void delete_period(ui::Runtime& rt, ui::Form& f) {
     if (rt.message(d.question, ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
     std::string from = deletion_bound(rt, f["D1"]), to = deletion_bound(rt, f["D2"]);
     store::Database db = searches::accounts();
-    db.execute("DELETE FROM Cada WHERE D3 between #" + from + "# and #" + to + "# AND BX = " +
-               store::sql_quote(d.bx) + " AND D1 = " + store::sql_quote(d.kind));
+    db.execute("DELETE FROM Cada WHERE D3 between #" + from + "# and #" + to + "# AND " + searches::status_is(d.bx) +
+               " AND D1 = " + store::sql_quote(d.kind));
     return;
   }
 }
@@ -124,8 +124,7 @@ std::unique_ptr<ui::Form> make_conbx(ui::Runtime& rt) {
   on_page(f.add("Label1", ControlKind::Label, "1º SELECIONE O TIPO E DIGITE O PERÍODO QUE DESEJA APAGAR."),
           kDeletionPage);
   on_page(f.add("Label2", ControlKind::Label, "2º CLIQUE NO BOTÃO APAGA E AGUARDE."), kDeletionPage);
-  on_page(f.add("Label3", ControlKind::Label, "3º RECOMENDA-SE FAZER O BACKUP ANTES DESTA OPERAÇÃO."),
-          kDeletionPage);
+  on_page(f.add("Label3", ControlKind::Label, "3º RECOMENDA-SE FAZER O BACKUP ANTES DESTA OPERAÇÃO."), kDeletionPage);
 
   f.on_load = [&rt, &f] {
     rt.centre(f);

@@ -24,12 +24,13 @@ void list_party(ui::Runtime& rt, ui::Form& f) {
   const std::string& party = f["D9"].text();
   if (party.empty()) return;
   for (const char* figure : {"D11", "D12", "D11X", "D12X"}) f[figure].set_text(searches::total_text({}));
-  std::string where = period + " AND D9 = " + store::sql_quote(party) + " AND BX = ";
+  std::string where = period + " AND D9 = " + store::sql_quote(party) + " AND ";
   store::Database db = searches::accounts();
 
   std::vector<std::vector<std::string>> open;
   Currency to_pay, to_receive;
-  for (store::Recordset rs = searches::select_accounts(db, where + "'A'", "D3"); !rs.eof(); rs.move_next()) {
+  for (store::Recordset rs = searches::select_accounts(db, where + searches::status_is("A"), "D3"); !rs.eof();
+       rs.move_next()) {
     bool pays = rs["D1"].text() == "Pagar";
     std::string amount = searches::list_amount(rs["D5"]);
     open.push_back({rs["D3"].text(), rs["D4"].text(), pays ? amount : "", pays ? "" : amount, rs["CODIGO"].text(),
@@ -42,7 +43,8 @@ void list_party(ui::Runtime& rt, ui::Form& f) {
 
   std::vector<std::vector<std::string>> settled;
   Currency paid, received;
-  for (store::Recordset rs = searches::select_accounts(db, where + "'F'", "D3"); !rs.eof(); rs.move_next()) {
+  for (store::Recordset rs = searches::select_accounts(db, where + searches::status_is("F"), "D3"); !rs.eof();
+       rs.move_next()) {
     bool pays = rs["D1"].text() == "Pagar";
     std::string amount = searches::list_amount(rs["D5"]);
     settled.push_back({rs["D3"].text(), rs["D4"].text(), rs["PG"].text(), pays ? amount : "", pays ? "" : amount,

@@ -25,6 +25,8 @@ std::string due_between(ui::Runtime& rt, ui::Control& from, ui::Control& to, con
   return "D3 between #" + d1 + "# and #" + d2 + "#";
 }
 
+std::string status_is(const char* bx) { return "+BX = " + store::sql_quote(bx); }
+
 store::Database accounts() { return store::Workspace::open_database("\\Contas.Mdb"); }
 
 store::Recordset select_accounts(store::Database& db, const std::string& where, const std::string& order) {

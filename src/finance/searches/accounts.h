@@ -21,6 +21,10 @@ std::string period_bound(ui::Runtime& rt, ui::Control& field, const char* sentin
 // "D3 between #...# and #...#" over the two bounds.
 std::string due_between(ui::Runtime& rt, ui::Control& from, ui::Control& to, const char* first, const char* last);
 
+// "BX = ..." that leaves the choice of index to the other conditions: open
+// and settled split the table in halves, while a period or a name picks few.
+std::string status_is(const char* bx);
+
 store::Database accounts();
 // Rows of CADA that pass `where`, by `order` and then by control number, so
 // that accounts due on the same day keep one order.

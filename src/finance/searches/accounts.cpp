@@ -1,0 +1,59 @@
+#include "finance/searches/accounts.h"
+
+#include "core/format.h"
+#include "store/sql_text.h"
+
+namespace mz::finance::searches {
+
+const std::vector<std::string> kOrders = {"VENCIMENTO", "Nº DOC", "VALOR", "TIPO", "CLIENTE", "HISTÓRICO"};
+
+std::string order_column(const std::string& order) {
+  static const char* const kColumns[] = {"D3", "D4", "D5", "D7", "D9", "D6"};
+  for (size_t i = 0; i < kOrders.size(); ++i)
+    if (kOrders[i] == order) return kColumns[i];
+  return "D3";
+}
+
+std::string period_bound(ui::Runtime& rt, ui::Control& field, const char* sentinel) {
+  if (!is_date(Value(format(Value(field.text()), "##/##/####")))) field.set_text(sentinel);
+  return store::data_sql(field.text(), rt.host().today());
+}
+
+std::string due_between(ui::Runtime& rt, ui::Control& from, ui::Control& to, const char* first, const char* last) {
+  std::string d1 = period_bound(rt, from, first);
+  std::string d2 = period_bound(rt, to, last);
+  return "D3 between #" + d1 + "# and #" + d2 + "#";
+}
+
+std::string status_is(const char* bx) { return "+BX = " + store::sql_quote(bx); }
+
+store::Database accounts() { return store::Workspace::open_database("\\Contas.Mdb"); }
+
+store::Recordset select_accounts(store::Database& db, const std::string& where, const std::string& order) {
+  return db.open_recordset("SELECT* FROM Cada WHERE " + where + " ORDER BY " + order + ", CODIGO");
+}
+
+std::string list_amount(const Value& amount) {
+  return amount.is_null() || amount.is_empty() ? std::string() : format(amount, "###,###.00");
+}
+
+void add_to(Currency& total, const Value& amount) {
+  if (is_numeric(amount) && !amount.is_empty()) total = total + amount.to_currency();
+}
+
+std::string total_text(Currency total) { return format(Value(total), "###,##0.00"); }
+
+std::vector<std::string> party_names() {
+  std::vector<std::string> names;
+  store::Database db = store::Workspace::open_database("\\CADA.Mdb");
+  for (store::Recordset rs = db.open_recordset("Select * From CADA order by A1"); !rs.eof(); rs.move_next())
+    names.push_back(rs["A1"].text());
+  return names;
+}
+
+void open_account(ui::Runtime& rt, const std::string& control) {
+  rt.screen("bxx")["NN"].set_text(format(Value(control), "000000"));
+  rt.show("bxx");
+}
+
+}  // namespace mz::finance::searches

@@ -1,5 +1,8 @@
 #include "finance/searches/accounts.h"
 
+#include "finance/searches/open_accounts.h"
+#include "finance/settlement.h"
+
 #include "core/format.h"
 #include "store/sql_text.h"
 
@@ -51,9 +54,11 @@ std::vector<std::string> party_names() {
   return names;
 }
 
+// A change made on bxx rebuilds the open accounts' list, when it is on screen.
 void open_account(ui::Runtime& rt, const std::string& control) {
-  rt.screen("bxx")["NN"].set_text(format(Value(control), "000000"));
-  rt.show("bxx");
+  open_settlement(rt, format(Value(control), "000000"), [&rt] {
+    if (rt.is_shown("BUSCON")) relist_open_accounts(rt);
+  });
 }
 
 }  // namespace mz::finance::searches

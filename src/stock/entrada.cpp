@@ -17,7 +17,6 @@
 
 namespace mz::stock {
 
-using band::passed_over;
 using ui::ControlKind;
 
 namespace {
@@ -44,11 +43,11 @@ void renumber(ui::Form& f) {
 // F2: the document replaces whatever stood under its number; the screen
 // stays filled for a correction.
 void record(ui::Runtime& rt, ui::Form& f) {
-  passed_over([&] { format_number(f); });
+  ui::resume_style([&] { format_number(f); });
   settle_direction(f);
   if (f["EE3"].text().empty()) return rt.set_focus(f["EE3"]);
   document::Header header{f["EE1"].text(), f["EE3"].text(), f["EE2"].text(), f["EE4"].text(), f["TT"].text()};
-  passed_over([&] { document::record(f["EE5"].text(), header, f["Grid1"]); });
+  ui::resume_style([&] { document::record(f["EE5"].text(), header, f["Grid1"]); });
   rt.message("Movimentação gravada com sucesso.");
 }
 

@@ -7,6 +7,7 @@
 #include "stock/forne/contacts.h"
 #include "stock/forne/navigation.h"
 #include "stock/screens.h"
+#include "ui/fields.h"
 #include "ui/keys.h"
 
 namespace mz::stock {
@@ -23,10 +24,10 @@ void record(ui::Runtime& rt, ui::Form& f) {
     rt.message("O campo Razão Social, não pode ficar em branco.");
     return rt.set_focus(f["A2"]);
   }
-  passed_over([&] { record_card(f); });
-  passed_over([&] { save_contacts(f["Grid1"], f["A1"].text()); });
+  ui::resume_style([&] { record_card(f); });
+  ui::resume_style([&] { save_contacts(f["Grid1"], f["A1"].text()); });
   rt.message(" Operação realizada com  sucesso.", ui::Buttons::Ok, ui::Icon::Information);
-  passed_over([&] { clear_card(rt, f); });
+  ui::resume_style([&] { clear_card(rt, f); });
 }
 
 // c3: the supplier and its contacts go; ledger rows that name it stay.
@@ -37,13 +38,13 @@ void remove(ui::Runtime& rt, ui::Form& f) {
   }
   if (rt.message("Confirma exclusão?", ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
   std::string code = f["A1"].text();
-  passed_over([&] {
+  ui::resume_style([&] {
     store::Database db = suppliers();
     store::Recordset rs = supplier_row(db, code);
     if (!rs.eof()) rs.delete_current();
   });
-  passed_over([&] { delete_contacts(code); });
-  passed_over([&] { clear_card(rt, f); });
+  ui::resume_style([&] { delete_contacts(code); });
+  ui::resume_style([&] { clear_card(rt, f); });
 }
 
 // A double click on Grid2 looks the supplier up by its name, as leaving A2

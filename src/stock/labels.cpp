@@ -12,6 +12,7 @@
 #include "stock/balance.h"
 #include "store/database.h"
 #include "store/sql_text.h"
+#include "ui/fields.h"
 
 namespace mz::stock {
 
@@ -68,10 +69,7 @@ std::vector<LabelRow> label_rows(const ui::Control& grid, const std::vector<Prod
 // Like the movement screen's other writes, a statement that fails is passed
 // over and the next one runs.
 void passed_over_on_failure(store::Database& db, const std::string& sql) {
-  try {
-    db.execute(sql);
-  } catch (const Error&) {
-  }
+  ui::resume_style([&] { db.execute(sql); });
 }
 
 void fill_barra(const std::vector<LabelRow>& rows) {

@@ -88,4 +88,12 @@ bool jump_style(Runtime& rt, const std::function<void()>& work) {
   }
 }
 
+void resume_style(const std::function<void()>& statement) {
+  try {
+    statement();
+  } catch (const Error&) {
+    // passed over: the next statement runs
+  }
+}
+
 }  // namespace mz::ui

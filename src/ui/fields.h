@@ -52,5 +52,8 @@ std::string chosen_key(const Control& grid);
 // realizada."; any other failure leaves the handler silently. False when
 // the work failed.
 bool jump_style(Runtime& rt, const std::function<void()>& work);
+// The resume-style trap of the handlers that run on after a failing
+// statement: the statement is passed over and the handler goes on.
+void resume_style(const std::function<void()>& statement);
 
 }  // namespace mz::ui

@@ -32,17 +32,8 @@ bool mandatory_fields(ui::Runtime& rt, ui::Form& f) {
   return true;
 }
 
-// The settlement passes over a failed statement and goes on with the next.
-template <typename Step>
-void passed_over(Step step) {
-  try {
-    step();
-  } catch (const Error&) {
-  }
-}
-
 void put(store::Recordset& rs, const char* column, const Value& value) {
-  passed_over([&] { rs[column] = value; });
+  ui::resume_style([&] { rs[column] = value; });
 }
 
 std::string field_date(const ui::Form& f, const char* name) { return format(Value(f[name].text()), "##/##/####"); }
@@ -64,7 +55,7 @@ bool settle_row(store::Database& db, const ui::Form& f) {
   put(rs, "BX", "F");
   for (const char* name : {"VP", "DVP", "G1", "G2", "G3"}) put(rs, name, ui::column_value(f[name].text()));
   put(rs, "PG", ui::column_value(field_date(f, "PG")));
-  passed_over([&] { rs.update(); });
+  ui::resume_style([&] { rs.update(); });
   return true;
 }
 
@@ -117,7 +108,7 @@ void post_to_cash(ui::Runtime& rt, const ui::Form& f) {
   bool debit = kind == "Pagar";
   const char* question = debit ? "Confirma débito no caixa?" : "Confirma credito o caixa?";
   if (rt.message(question, ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
-  passed_over([&] { cash_line(rt, f, debit); });
+  ui::resume_style([&] { cash_line(rt, f, debit); });
 }
 
 }  // namespace
@@ -137,10 +128,10 @@ void confirm_settlement(ui::Runtime& rt, BxxForm& f) {
   try {
     store::Database db = accounts();
     store::Database::Transaction unit(db);
-    passed_over([&] { settled = settle_row(db, f); });
+    ui::resume_style([&] { settled = settle_row(db, f); });
     if (short_paid) {
       f["NN"].set_text("");
-      passed_over([&] { re_issue(db, f); });
+      ui::resume_style([&] { re_issue(db, f); });
     }
     unit.commit();
   } catch (const Error&) {

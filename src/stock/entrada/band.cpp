@@ -59,10 +59,10 @@ int new_row(ui::Control& grid) {
 // Adds a line's pieces and subtotal to the totals shown: nr, TL, and TT
 // when `with_document_total`.
 void add_to_totals(ui::Form& f, const std::string& pieces, const std::string& subtotal, bool with_document_total) {
-  passed_over([&] { f["nr"].set_text(currency_text(amount(f["nr"].text()) + amount(pieces))); });
-  passed_over([&] { f["TL"].set_text(money(amount(f["TL"].text()) + amount(subtotal))); });
+  ui::resume_style([&] { f["nr"].set_text(currency_text(amount(f["nr"].text()) + amount(pieces))); });
+  ui::resume_style([&] { f["TL"].set_text(money(amount(f["TL"].text()) + amount(subtotal))); });
   if (with_document_total)
-    passed_over([&] { f["TT"].set_text(money(amount(f["TT"].text()) + amount(subtotal))); });
+    ui::resume_style([&] { f["TT"].set_text(money(amount(f["TT"].text()) + amount(subtotal))); });
 }
 
 // Leaving GR: the reference's description, cost, supplier code and sizes,
@@ -116,9 +116,9 @@ void remove_line(ui::Form& f) {
   if (g.row < 1 || g.row >= g.rows) return;
   int row = g.row;
   std::string pieces = g.cell(row, kQuantityColumn), subtotal = g.cell(row, kSubtotalColumn);
-  passed_over([&] { f["nr"].set_text(number_text(val(f["nr"].text()) - val(pieces))); });
+  ui::resume_style([&] { f["nr"].set_text(number_text(val(f["nr"].text()) - val(pieces))); });
   for (const char* total : {"TL", "TT"})
-    passed_over([&] { f[total].set_text(money(amount(f[total].text()) - amount(subtotal))); });
+    ui::resume_style([&] { f[total].set_text(money(amount(f[total].text()) - amount(subtotal))); });
   if (g.rows == 2) return empty_grid(f);
   for (int r = row; r + 1 < g.rows; ++r)
     for (int c = 0; c < g.cols; ++c) g.cell(r, c) = g.cell(r + 1, c);
@@ -128,14 +128,6 @@ void remove_line(ui::Form& f) {
 }
 
 }  // namespace
-
-void passed_over(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const Error&) {
-    // the handler ignores its run-time errors
-  }
-}
 
 void add_band(ui::Runtime& rt, ui::Form& f, int page) {
   size_t first = f.controls().size();
@@ -197,7 +189,7 @@ void load_band(ui::Form& f) {
 }
 
 void launch_line(ui::Runtime& rt, ui::Form& f) {
-  passed_over([&] { count_pieces(f); });
+  ui::resume_style([&] { count_pieces(f); });
   if (f["ET"].text().empty()) f["ET"].set_text("SIM");
   const std::string pieces = f["E6"].text();
   if (pieces.empty() || pieces == "0") return;
@@ -212,8 +204,8 @@ void launch_line(ui::Runtime& rt, ui::Form& f) {
       if (!f[slot_name(n)].text().empty()) g.cell(row, n) = f[slot_name(n)].text();
     g.cell(row, kQuantityColumn) = pieces;
     const std::string cost = f["E7"].text();
-    passed_over([&] { g.cell(row, kCostColumn) = format(Value(cost), "###,##0.00"); });
-    passed_over([&] { g.cell(row, kSubtotalColumn) = money(amount(pieces) * amount(cost)); });
+    ui::resume_style([&] { g.cell(row, kCostColumn) = format(Value(cost), "###,##0.00"); });
+    ui::resume_style([&] { g.cell(row, kSubtotalColumn) = money(amount(pieces) * amount(cost)); });
     add_to_totals(f, pieces, g.cell(row, kSubtotalColumn), true);
     g.cell(row, kLabelColumn) = f["ET"].text();
   }
@@ -248,8 +240,8 @@ void add_recorded_line(ui::Form& f, store::Recordset& rs) {
   g.cell(row, kReferenceColumn) = rs["REFERENCIA"].text();
   for (int n = 1; n <= kSlots; ++n) g.cell(row, n) = rs[slot_name(n)].text();
   g.cell(row, kQuantityColumn) = rs["QTDA"].text();
-  passed_over([&] { g.cell(row, kCostColumn) = ui::money_text(rs["VALOR"]); });
-  passed_over([&] {
+  ui::resume_style([&] { g.cell(row, kCostColumn) = ui::money_text(rs["VALOR"]); });
+  ui::resume_style([&] {
     g.cell(row, kSubtotalColumn) = money(rs["VALOR"].value().to_currency() * rs["QTDA"].value().to_currency());
   });
   add_to_totals(f, g.cell(row, kQuantityColumn), g.cell(row, kSubtotalColumn), false);

@@ -24,9 +24,6 @@ inline constexpr int kSubtotalColumn = 53;
 inline constexpr int kLabelColumn = 54;
 inline constexpr int kColumns = 55;
 
-// The handlers that write or launch run with run-time errors ignored: a
-// statement that fails is skipped and the next one runs.
-void passed_over(const std::function<void()>& statement);
 
 // Declares the band's controls in their order of entry, on `page`, with
 // their behaviours: the look-ups by supplier code, description and

@@ -9,7 +9,6 @@
 
 namespace mz::stock::document {
 
-using band::passed_over;
 
 namespace {
 
@@ -37,12 +36,12 @@ void record(const std::string& direction, const Header& header, ui::Control& gri
   // A correction replaces the document: a crash between the old rows going
   // and the new ones coming must leave the old ones.
   store::Database::Transaction unit(db);
-  passed_over([&] { db.execute("DELETE FROM ENTRA" + where_number(header.number)); });
+  ui::resume_style([&] { db.execute("DELETE FROM ENTRA" + where_number(header.number)); });
   store::Recordset rs = rows(db, header.number);
   ui::GridCells& g = grid.grid;
   for (int r = 1; r < g.rows; ++r) {
-    auto put = [&](const char* column, const Value& value) { passed_over([&] { rs[column] = value; }); };
-    passed_over([&] { rs.add_new(); });
+    auto put = [&](const char* column, const Value& value) { ui::resume_style([&] { rs[column] = value; }); };
+    ui::resume_style([&] { rs.add_new(); });
     put("CODIGO", Value(header.number));
     put("NOME", Value(header.name));
     put("DATA", Value(ui::stored_date(header.date)));
@@ -52,7 +51,7 @@ void record(const std::string& direction, const Header& header, ui::Control& gri
     for (int n = 1; n <= kSlots; ++n) {
       std::string& cell = g.cell(r, n);
       if (cell.empty()) cell = "0";
-      passed_over([&] { rs["X" + std::to_string(n)] = Value(cell); });
+      ui::resume_style([&] { rs["X" + std::to_string(n)] = Value(cell); });
     }
     put("QTDA", Value(g.cell(r, band::kQuantityColumn)));
     put("VALOR", Value(g.cell(r, band::kCostColumn)));

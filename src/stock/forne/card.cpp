@@ -127,14 +127,6 @@ void find_by_name(ui::Form& f) {
 
 store::Database suppliers() { return store::Workspace::open_database("\\FORNEX.MDB"); }
 
-void passed_over(const std::function<void()>& statement) {
-  try {
-    statement();
-  } catch (const Error&) {
-    // the handler ignores its run-time errors
-  }
-}
-
 store::Recordset supplier_row(store::Database& db, const std::string& code) {
   return db.open_recordset("SELECT * FROM cli WHERE a1 =  " + store::sql_quote(code));
 }
@@ -167,8 +159,8 @@ void record_card(ui::Form& f) {
   // take the same code.
   store::Database::Transaction unit(db);
   ui::Control& code = f["A1"];
-  if (code.text().empty()) passed_over([&] { code.set_text(store::next_key(db, store::keys::kSupplier)); });
-  passed_over([&] {
+  if (code.text().empty()) ui::resume_style([&] { code.set_text(store::next_key(db, store::keys::kSupplier)); });
+  ui::resume_style([&] {
     store::Recordset rs = supplier_row(db, code.text());
     if (rs.eof()) rs.add_new();
     else rs.edit();

@@ -14,9 +14,6 @@ enum Page { kCardPage = 0, kListPage = 1, kContactsPage = 2 };
 
 store::Database suppliers();  // FORNEX.MDB
 
-// The writing and navigating handlers run with run-time errors ignored: a
-// statement that fails is skipped and the next one runs.
-void passed_over(const std::function<void()>& statement);
 
 // Declares the card's captions and fields in their order of entry, on the
 // card's page, and gives them their behaviours.

@@ -85,9 +85,9 @@ void save_contacts(const ui::Control& grid, const std::string& code) {
   // The old lines and the new ones change places as one, so that a failure
   // in between never leaves the supplier without its contacts.
   store::Database::Transaction unit(db);
-  passed_over([&] { db.execute("DELETE FROM CLI" + where_supplier(code)); });
+  ui::resume_style([&] { db.execute("DELETE FROM CLI" + where_supplier(code)); });
   for (const auto& line : lines_of(grid))
-    passed_over([&] {
+    ui::resume_style([&] {
       db.execute("Insert into CLI (CD, A1, A2, A3) values (" + store::sql_quote(code) + ", " +
                  store::sql_quote(line[0]) + ", " + store::sql_quote(line[1]) + ", " + store::sql_quote(line[2]) + ")");
     });

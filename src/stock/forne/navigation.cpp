@@ -5,6 +5,7 @@
 #include "stock/forne/card.h"
 #include "stock/forne/contacts.h"
 #include "store/sql_text.h"
+#include "ui/fields.h"
 
 namespace mz::stock::forne {
 
@@ -32,20 +33,20 @@ void go(ui::Runtime& rt, ui::Form& f, Move move) {
   if (code.empty()) return;
   rt.wait_pointer(true);
   store::Database db;
-  passed_over([&] { db = suppliers(); });
+  ui::resume_style([&] { db = suppliers(); });
   if (move == Move::Next || move == Move::Previous)
-    passed_over([&] {
+    ui::resume_style([&] {
       if (supplier_row(db, code).eof()) move = Move::First;
     });
   store::Recordset rs;
   bool found = false;
-  passed_over([&] {
+  ui::resume_style([&] {
     rs = db.open_recordset(neighbour(move, code));
     found = !rs.eof();
   });
   if (found) {
-    passed_over([&] { show_supplier(f, rs); });
-    passed_over([&] { load_contacts(f["Grid1"], f["A1"].text()); });
+    ui::resume_style([&] { show_supplier(f, rs); });
+    ui::resume_style([&] { load_contacts(f["Grid1"], f["A1"].text()); });
   }
   rt.wait_pointer(false);
 }

@@ -8,6 +8,7 @@
 #include <QTabWidget>
 #include <QTimer>
 #include <QTest>
+#include <set>
 
 #include "desktop/desktop.h"
 #include "desktop/form_window.h"
@@ -28,12 +29,15 @@ void type_accented(QWidget* widget, const QString& text) {
 const char* const kScreens[] = {"INICIO", "ini2",  "opera1", "OPERA2", "OPERA", "MENUDP", "SENHA2", "SENHA",
                                 "GRADE",  "EMPRE", "lay",    "CADSENHA", "msn", "VENDA", "RECIBO", "BUSRECI",
                                 "NP",     "DUPLI", "BUDP", "PRODUTO", "FrmImg", "FORNECOD", "Cadastro", "SALACAD",
-                                "c2",     "FORNE"};
-// Screens whose first field is a number or a date: they refuse letters, so
-// only the barcode reader's digits are typed there.
+                                "c2",     "FORNE", "ENTRADA", "CONSULTA", "PSEST", "ETI", "CAIXA", "BUSCAIXA",
+                                "ABRECX", "FECHACX", "Contas", "bxx", "BUSCON", "CONBX", "CONCLIE"};
+// Screens whose first field is a number, a date or an amount: they refuse
+// letters, so only the barcode reader's digits are typed there.
 bool takes_digits_only(const std::string& name) {
-  return name == "RECIBO" || name == "BUSRECI" || name == "NP" || name == "DUPLI" || name == "BUDP" ||
-         name == "SALACAD";
+  static const std::set<std::string> kDigitsFirst = {"RECIBO", "BUSRECI",  "NP",     "DUPLI",   "BUDP",
+                                                      "SALACAD", "CAIXA",   "BUSCAIXA", "ABRECX", "FECHACX",
+                                                      "BUSCON",  "CONBX"};
+  return kDigitsFirst.count(name) > 0;
 }
 
 TEST(Desktop, EveryScreenTakesTypingAndEnterMovesOn) {

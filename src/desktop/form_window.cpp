@@ -203,10 +203,12 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       i += run - 1;
       continue;
     }
-    // A caption joins the field that follows it on the same page.
+    // A caption joins the field that follows it on the same page; one that
+    // ends in ":" joins a label too, the figure it names.
     if (is_caption(c) && i + 1 < controls.size()) {
       const ui::Control& next = *controls[i + 1];
-      if (next.kind() != ControlKind::Label && next.kind() != ControlKind::Button &&
+      bool names_figure = next.kind() == ControlKind::Label && c.text().back() == ':';
+      if ((next.kind() != ControlKind::Label || names_figure) && next.kind() != ControlKind::Button &&
           next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
         QWidget* caption = make_widget(c);
         page.push_back({caption, make_widget(*controls[++i]), nullptr, false});

@@ -18,7 +18,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of entry; each column of DP has its field's name, A1 being CODIGO.
-constexpr FieldSpec kBill[] = {
+constexpr FieldEntry kBill[] = {
     {"A1", "DUPLICATA Nº:", ControlKind::TextBox},
     {"A2", "FATURA Nº:", ControlKind::TextBox},
     {"A3", "FATURA VALOR:", ControlKind::TextBox},
@@ -53,7 +53,7 @@ bool load_bill(ui::Form& f, const std::string& number) {
   store::Database db = bills();
   store::Recordset rs = bill_row(db, number);
   if (rs.eof()) return false;
-  for (const FieldSpec& field : kBill) {
+  for (const FieldEntry& field : kBill) {
     std::string name(field.name);
     if (name == "A1") continue;
     if (name == "A5") f[name].set_text(store::data_tela(rs[name]));
@@ -66,7 +66,7 @@ bool load_bill(ui::Form& f, const std::string& number) {
 
 void write_bill(store::Recordset& rs, const ui::Form& f) {
   rs["CODIGO"] = f["A1"].text();
-  for (const FieldSpec& field : kBill) {
+  for (const FieldEntry& field : kBill) {
     std::string name(field.name);
     if (name == "A1") continue;
     if (name == "A5") rs[name] = column_value(format(Value(f[name].text()), "##/##/####"));
@@ -77,7 +77,7 @@ void write_bill(store::Recordset& rs, const ui::Form& f) {
 
 // A blank bill under the next number; the shop's heading stays.
 void clear_bill(ui::Form& f) {
-  for (const FieldSpec& field : kBill) f[field.name].set_text("");
+  for (const FieldEntry& field : kBill) f[field.name].set_text("");
   f["A3"].set_text("0,00");
   store::Database db = bills();
   f["A1"].set_text(store::next_key(db, store::keys::kTradeBill));
@@ -88,7 +88,7 @@ void clear_bill(ui::Form& f) {
 std::unique_ptr<ui::Form> make_dupli(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "DUPLI", "Duplicata");
   ui::Form& f = *form;
-  for (const FieldSpec& field : kBill) add_field(f, field);
+  for (const FieldEntry& field : kBill) add_field(f, field);
   for (const char* name : kHeading) f.add(name, ControlKind::TextBox);
   number_field(f["A1"]);
   money_field(f["A3"]);

@@ -20,7 +20,7 @@ using ui::number_field;
 using ui::show_rows;
 using ui::today_text;
 
-using ui::FieldSpec;
+using ui::FieldEntry;
 
 // The amount as typed ("1.234,56") in Portuguese words, without brackets.
 std::string amount_words(const std::string& amount);

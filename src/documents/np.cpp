@@ -19,7 +19,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of the form; each is also a column of P1IMP.
-constexpr FieldSpec kFields[] = {
+constexpr FieldEntry kFields[] = {
     {"CODi", "NÚMERO:", ControlKind::TextBox},
     {"A1", "VENCIMENTO:", ControlKind::ComboBox},
     {"A2", "", ControlKind::ComboBox},
@@ -56,7 +56,7 @@ std::string issue_text(ui::Runtime& rt) {
 
 // An empty note under `number`, due in this year, issued today.
 void new_note(ui::Runtime& rt, ui::Form& f, const std::string& number) {
-  for (const FieldSpec& field : kFields) f[field.name].set_text("");
+  for (const FieldEntry& field : kFields) f[field.name].set_text("");
   f["CODi"].set_text(number);
   f["A3"].set_text(std::to_string(rt.host().today().year()));
   f["A15"].set_text(issue_text(rt));
@@ -67,7 +67,7 @@ void write_note(const ui::Form& f) {
   db.execute("DELETE FROM P1IMP");
   store::Recordset rs = db.open_recordset("SELECT * FROM P1IMP");
   rs.add_new();
-  for (const FieldSpec& field : kFields) {
+  for (const FieldEntry& field : kFields) {
     std::string name(field.name), text = f[name].text();
     if (name == "A4") text = format(Value(text), "###,##0.00") + " ( " + amount_words(text) + " ) ";
     else if (is_document(name)) text = format(Value(text), "##############");
@@ -87,7 +87,7 @@ std::string following(const std::string& number) {
 std::unique_ptr<ui::Form> make_np(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "NP", "Nota Promissória");
   ui::Form& f = *form;
-  for (const FieldSpec& field : kFields) {
+  for (const FieldEntry& field : kFields) {
     if (field.name == "A11") f.add("Label1", ControlKind::Label, "AVALISTA(S):");
     add_field(f, field);
   }

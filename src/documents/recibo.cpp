@@ -20,7 +20,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of entry; each column of RECI has its field's name, R1 being CODIGO.
-constexpr FieldSpec kFields[] = {
+constexpr FieldEntry kFields[] = {
     {"R1", "NÚMERO:", ControlKind::TextBox},
     {"R2", "RECEBEMOS DE:", ControlKind::ComboBox},
     {"R3", "CNPJ/CPF:", ControlKind::TextBox},
@@ -67,7 +67,7 @@ bool load_receipt(ui::Form& f, const std::string& number) {
   store::Database db = receipts();
   store::Recordset rs = receipt_row(db, number);
   if (rs.eof()) return false;
-  for (const FieldSpec& field : kFields) {
+  for (const FieldEntry& field : kFields) {
     std::string name(field.name);
     if (name == "R1") continue;
     if (name == "R4") f[name].set_text(store::data_tela(rs[name]));
@@ -79,7 +79,7 @@ bool load_receipt(ui::Form& f, const std::string& number) {
 
 void write_receipt(store::Recordset& rs, const ui::Form& f) {
   rs["CODIGO"] = f["R1"].text();
-  for (const FieldSpec& field : kFields) {
+  for (const FieldEntry& field : kFields) {
     std::string name(field.name);
     if (name == "R1") continue;
     if (name == "R4") rs[name] = column_value(format(Value(f[name].text()), "00/00/0000"));
@@ -89,7 +89,7 @@ void write_receipt(store::Recordset& rs, const ui::Form& f) {
 
 // A blank receipt under the next number, dated today, with the shop's heading.
 void clear_receipt(ui::Runtime& rt, ui::Form& f) {
-  for (const FieldSpec& field : kFields) f[field.name].set_text("");
+  for (const FieldEntry& field : kFields) f[field.name].set_text("");
   auto heading = store::shop_identity();
   for (size_t i = 0; i < std::size(kHeading); ++i) f[kHeading[i]].set_text(heading[i]);
   f["R4"].set_text(today_text(rt));
@@ -112,7 +112,7 @@ void trapped_write(ui::Runtime& rt, Write write) {
 std::unique_ptr<ui::Form> make_recibo(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "RECIBO", "Recibo");
   ui::Form& f = *form;
-  for (const FieldSpec& field : kFields) add_field(f, field);
+  for (const FieldEntry& field : kFields) add_field(f, field);
   number_field(f["R1"]);
   date_field(f["R4"]);
   auto report = std::make_shared<ui::Report>(rt, print::Destination::Printer);

@@ -16,7 +16,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of entry.
-constexpr ui::FieldSpec kFields[] = {
+constexpr ui::FieldEntry kFields[] = {
     {"D1", "OPERAÇÃO:", ControlKind::ComboBox},
     {"D2", "DATA EMISSÃO:", ControlKind::MaskedBox},
     {"D3", "DATA VENC.:", ControlKind::MaskedBox},
@@ -44,7 +44,7 @@ std::unique_ptr<ui::Form> make_bxx(ui::Runtime& rt) {
   f.add("Baixa", ControlKind::Label, "Baixa").bold = true;
   f.add("NN", ControlKind::TextBox);
   f.add("TT", ControlKind::Label);
-  for (const ui::FieldSpec& field : kFields) add_field(f, field);
+  for (const ui::FieldEntry& field : kFields) add_field(f, field);
   f["D1"].items = {"Pagar", "Receber"};
   for (const char* date : {"D2", "D3", "PG"}) ui::date_field(f[date]);
 

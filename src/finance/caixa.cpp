@@ -21,7 +21,7 @@ using ui::ControlKind;
 namespace {
 
 struct Field {
-  ui::FieldSpec spec;
+  ui::FieldEntry spec;
   const char* help;
 };
 

@@ -19,7 +19,7 @@ using namespace produto;
 namespace {
 
 // In the order of entry.
-constexpr ui::FieldSpec kFields[] = {
+constexpr ui::FieldEntry kFields[] = {
     {"GR", "REFERÊNCIA", ControlKind::TextBox},
     {"E1", "GRUPO", ControlKind::ComboBox},
     {"E2", "DESCRIÇÃO DO PRODUTO", ControlKind::TextBox},
@@ -79,7 +79,7 @@ void leave_code(ui::Form& f) {
 }
 
 void declare_fields(ui::Runtime& rt, ui::Form& f) {
-  for (const ui::FieldSpec& field : kFields) ui::add_field(f, field);
+  for (const ui::FieldEntry& field : kFields) ui::add_field(f, field);
   f["GR"].on_lost_focus = [&f] { leave_code(f); };
   ui::Control& minimum = f["E5"];
   ui::number_field(minimum);

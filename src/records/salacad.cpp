@@ -19,7 +19,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of entry, all on the card's tab.
-constexpr ui::FieldSpec kFields[] = {
+constexpr ui::FieldEntry kFields[] = {
     {"X1", "CÓDIGO:", ControlKind::TextBox},
     {"X2", "NOME DO FUNCIONÁRIO:", ControlKind::TextBox},
     {"X4", "STATUS:", ControlKind::ComboBox},
@@ -62,14 +62,14 @@ void load_employee(ui::Form& f, const char* column, const std::string& value) {
   store::Database db = employees();
   store::Recordset rs = employee_row(db, column, value);
   if (rs.eof()) return;
-  for (const ui::FieldSpec& field : kFields) {
+  for (const ui::FieldEntry& field : kFields) {
     std::string name(field.name);
     f[name].set_text(name == "X10" ? store::data_tela(rs[name]) : rs[name].text());
   }
 }
 
 void write_employee(store::Recordset& rs, const ui::Form& f) {
-  for (const ui::FieldSpec& field : kFields) {
+  for (const ui::FieldEntry& field : kFields) {
     std::string name(field.name);
     const std::string& text = f[name].text();
     rs[name] = Value(name == "X10" ? ui::stored_date(text) : text);
@@ -92,7 +92,7 @@ std::string next_code() {
 
 // A blank card under the next code; the list in the order asked for.
 void new_record(ui::Form& f, const char* order) {
-  for (const ui::FieldSpec& field : kFields) f[field.name].set_text("");
+  for (const ui::FieldEntry& field : kFields) f[field.name].set_text("");
   f["X4"].list_index = -1;
   f["X4"].set_text("ATIVO");
   f["X11"].set_text("0,00");
@@ -131,7 +131,7 @@ std::unique_ptr<ui::Form> make_salacad(ui::Runtime& rt) {
   ui::Control& tabs = f.add("SSTab1", ControlKind::Tabs);
   tabs.items = {"Cadastro", "Funcionários"};
   tabs.tab_stop = false;
-  for (const ui::FieldSpec& field : kFields) {
+  for (const ui::FieldEntry& field : kFields) {
     ui::add_field(f, field);
     if (field.name == "X9") f.add("LX9Unit", ControlKind::Label, "(%)");
   }

@@ -18,7 +18,7 @@ Control& add_field(Form& form, const std::string& name, ControlKind kind, const 
   return form.add(name, kind);
 }
 
-Control& add_field(Form& form, const FieldSpec& field) {
+Control& add_field(Form& form, const FieldEntry& field) {
   return add_field(form, std::string(field.name), field.kind, field.caption);
 }
 

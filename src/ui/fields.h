@@ -12,7 +12,7 @@ namespace mz::ui {
 
 // A field of a card: its name, which is also its column's, its caption and
 // its kind; screens list their fields in the order of entry.
-struct FieldSpec {
+struct FieldEntry {
   std::string_view name;
   const char* caption;
   ControlKind kind;
@@ -21,7 +21,7 @@ struct FieldSpec {
 // A field with its caption label before it ("L" + name), as the screens lay
 // them out; an empty caption adds no label.
 Control& add_field(Form& form, const std::string& name, ControlKind kind, const std::string& caption);
-Control& add_field(Form& form, const FieldSpec& field);
+Control& add_field(Form& form, const FieldEntry& field);
 
 // A combo of names that completes as the user types; free text is allowed.
 void name_combo(Control& combo, std::vector<std::string> names);

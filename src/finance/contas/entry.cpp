@@ -19,7 +19,7 @@ using ui::ControlKind;
 namespace {
 
 struct EntryField {
-  ui::FieldSpec field;
+  ui::FieldEntry field;
   const char* help;  // shown in BARRA while the field has the focus; null for none
 };
 

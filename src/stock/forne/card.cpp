@@ -19,7 +19,7 @@ using ui::ControlKind;
 namespace {
 
 // In the order of entry.
-constexpr ui::FieldSpec kFields[] = {
+constexpr ui::FieldEntry kFields[] = {
     {"A1", "CÓDIGO", ControlKind::TextBox},
     {"A2", "NOME", ControlKind::ComboBox},
     {"A3", "NOME FANTASIA", ControlKind::TextBox},
@@ -107,7 +107,7 @@ void document_box(ui::Runtime& rt, ui::Control& box) {
 
 // Every column of the row from its field, as text ("" rather than null).
 void write_card(store::Recordset& rs, const ui::Form& f) {
-  for (const ui::FieldSpec& field : kFields) {
+  for (const ui::FieldEntry& field : kFields) {
     const ui::Control& c = f[field.name];
     if (field.name == "A4") rs[field.name] = Value(ui::stored_date(c.text()));
     else if (field.name == "A8") rs[field.name] = Value(stored_document(c));
@@ -132,7 +132,7 @@ store::Recordset supplier_row(store::Database& db, const std::string& code) {
 }
 
 void add_card(ui::Runtime& rt, ui::Form& f) {
-  for (const ui::FieldSpec& field : kFields) ui::add_field(f, field);
+  for (const ui::FieldEntry& field : kFields) ui::add_field(f, field);
   f["A1"].enabled = false;  // the program gives the code when the card is first kept
   ui::name_combo(f["A2"], {});
   f["A2"].on_lost_focus = [&f] { find_by_name(f); };
@@ -141,7 +141,7 @@ void add_card(ui::Runtime& rt, ui::Form& f) {
 }
 
 void show_supplier(ui::Form& f, store::Recordset& rs) {
-  for (const ui::FieldSpec& field : kFields) {
+  for (const ui::FieldEntry& field : kFields) {
     std::string text = rs[field.name].text();
     if (field.name == "A8") show_document(f["A8"], text);
     else f[field.name].set_text(text);
@@ -171,7 +171,7 @@ void record_card(ui::Form& f) {
 }
 
 void clear_card(ui::Runtime& rt, ui::Form& f) {
-  for (const ui::FieldSpec& field : kFields) f[field.name].set_text("");
+  for (const ui::FieldEntry& field : kFields) f[field.name].set_text("");
   f["A8"].mask.clear();
   clear_contacts(f);
   std::vector<std::string> names;

@@ -21,7 +21,7 @@ using ui::ControlKind;
 namespace {
 
 struct Field {
-  ui::FieldEntry spec;
+  ui::FieldEntry entry;
   const char* help;
 };
 
@@ -129,7 +129,7 @@ std::unique_ptr<ui::Form> make_caixa(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "CAIXA", "Caixa");
   ui::Form& f = *form;
   for (const Field& field : kFields) {
-    ui::Control& c = ui::add_field(f, field.spec);
+    ui::Control& c = ui::add_field(f, field.entry);
     c.enter_moves_on = true;
     c.on_got_focus = [&f, help = field.help] { f["BARRA"].set_text(help); };
   }

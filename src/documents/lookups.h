@@ -6,10 +6,11 @@
 #include <string_view>
 #include <vector>
 
+#include "records/customers.h"
+
 namespace mz::documents {
 
-// The customers' names in alphabetical order, for the payer lists.
-std::vector<std::string> customer_names();
+using records::customer_names;
 
 // A customer's address and document, as a document's fields take them.
 struct CustomerCard {

@@ -6,6 +6,7 @@
 #include "core/format.h"
 #include "finance/screens.h"
 #include "finance/searches/accounts.h"
+#include "records/customers.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
 
@@ -128,7 +129,7 @@ std::unique_ptr<ui::Form> make_conbx(ui::Runtime& rt) {
 
   f.on_load = [&rt, &f] {
     rt.centre(f);
-    ui::name_combo(f["D9"], searches::party_names());
+    ui::name_combo(f["D9"], records::customer_names());
     ui::show_rows(f["Grid1"], kHeading, {});
   };
   return form;

@@ -5,6 +5,7 @@
 #include "finance/screens.h"
 #include "finance/searches/accounts.h"
 #include "finance/searches/party_report.h"
+#include "records/customers.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
 
@@ -86,7 +87,7 @@ std::unique_ptr<ui::Form> make_conclie(ui::Runtime& rt) {
 
   f.on_load = [&rt, &f] {
     rt.centre(f);
-    ui::name_combo(f["D9"], searches::party_names());
+    ui::name_combo(f["D9"], records::customer_names());
     ui::show_rows(f["Grid1"], kOpenHeading, {});
     ui::show_rows(f["Grid2"], kSettledHeading, {});
   };

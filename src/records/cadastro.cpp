@@ -3,6 +3,7 @@
 
 #include "core/format.h"
 #include "records/cadastro/card.h"
+#include "records/customers.h"
 #include "records/option_list.h"
 #include "records/screens.h"
 #include "ui/fields.h"
@@ -19,10 +20,7 @@ void fill_lists(cadastro::CadastroForm& f) {
   store::Database db = cadastro::customers();
   store::Recordset count = db.open_recordset("select count(*) from CADA");
   f["nr"].set_text(format(count[0].value(), "00000"));
-  std::vector<std::string> names;
-  for (store::Recordset rs = db.open_recordset("select A1 from CADA order by A1"); !rs.eof(); rs.move_next())
-    names.push_back(rs[0].text());
-  ui::name_combo(f["A1"], std::move(names));
+  ui::name_combo(f["A1"], customer_names());
   f["A26"].items = list_items(lists::kClassifications);
 }
 

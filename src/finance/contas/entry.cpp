@@ -7,6 +7,7 @@
 #include "core/format.h"
 #include "core/regional.h"
 #include "finance/contas/movement.h"
+#include "records/customers.h"
 #include "records/option_list.h"
 #include "store/keys.h"
 #include "store/sql_text.h"
@@ -43,14 +44,6 @@ const EntryField kFields[] = {
 
 constexpr records::OptionList kHistories{"\\C8.Mdb", "A1", "A1", ""};
 constexpr records::OptionList kTypes{"\\C7.Mdb", "A1", "A1", ""};
-
-std::vector<std::string> customer_names() {
-  std::vector<std::string> names;
-  store::Database db = store::Workspace::open_database("\\CADA.Mdb");
-  for (store::Recordset rs = db.open_recordset("Select * From CADA order by A1"); !rs.eof(); rs.move_next())
-    names.push_back(rs["A1"].text());
-  return names;
-}
 
 store::Recordset account_row(store::Database& db, const std::string& code) {
   return db.open_recordset("SELECT* FROM CADA where CODIGO = " + store::sql_quote(code));
@@ -155,7 +148,7 @@ void add_entry(ui::Form& f) {
 void load_lists(ui::Form& f) {
   f["D6"].items = records::list_items(kHistories);
   f["D7"].items = records::list_items(kTypes);
-  f["D9"].items = customer_names();
+  f["D9"].items = records::customer_names();
 }
 
 void start_entry(ui::Runtime& rt, ui::Form& f) {

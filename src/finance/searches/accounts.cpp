@@ -46,14 +46,6 @@ void add_to(Currency& total, const Value& amount) {
 
 std::string total_text(Currency total) { return format(Value(total), "###,##0.00"); }
 
-std::vector<std::string> party_names() {
-  std::vector<std::string> names;
-  store::Database db = store::Workspace::open_database("\\CADA.Mdb");
-  for (store::Recordset rs = db.open_recordset("Select * From CADA order by A1"); !rs.eof(); rs.move_next())
-    names.push_back(rs["A1"].text());
-  return names;
-}
-
 // A change made on bxx rebuilds the open accounts' list, when it is on screen.
 void open_account(ui::Runtime& rt, const std::string& control) {
   open_settlement(rt, format(Value(control), "000000"), [&rt] {

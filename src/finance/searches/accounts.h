@@ -37,9 +37,6 @@ void add_to(Currency& total, const Value& amount);
 // A total as the figures show it, "###,##0.00".
 std::string total_text(Currency total);
 
-// The names of the customer file, in order, for the party combos.
-std::vector<std::string> party_names();
-
 // Opens bxx on the account of that control number, shaped "000000".
 void open_account(ui::Runtime& rt, const std::string& control);
 

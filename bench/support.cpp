@@ -41,6 +41,12 @@ std::string customer_cpf(int i) {
   return cpf;
 }
 
+std::string account_code(int i) {
+  char buf[16];
+  std::snprintf(buf, sizeof buf, "%06d", i);
+  return buf;
+}
+
 Raw::Raw(const fs::path& file) {
   if (sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
     std::fprintf(stderr, "cannot open %s\n", file.c_str());
@@ -134,6 +140,37 @@ void fill_customers(const fs::path& folder) {
 }
 
 }  // namespace
+
+void build_accounts(const fs::path& folder) {
+  const fs::path marker = folder / "bench-accounts-2";
+  if (fs::exists(marker)) return;
+  std::printf("Preparando as contas de medição em %s ...\n", folder.c_str());
+  Raw raw(folder / "contas.db");
+  raw.exec("BEGIN");
+  raw.exec("DELETE FROM Cada");
+  sqlite3_stmt* insert = raw.prepare(
+      "INSERT INTO Cada (CODIGO, D1, D2, D3, D4, D5, D6, D7, D8, D9, D10, NOME, GRUPO, BX) "
+      "VALUES (?, ?, ?, ?, ?, ?, 'VENDA', 'DINHEIRO', '', ?, '', '', '', ?)");
+  std::mt19937 rng(63);
+  std::uniform_int_distribution<int> day(0, 729), cents(100, 500000), coin(0, 1);
+  const double first_day = 45658;  // 01/01/2025
+  for (int i = 1; i <= kAccounts; ++i) {
+    double issued = first_day + day(rng);
+    bind_text(insert, 1, account_code(i));
+    bind_text(insert, 2, coin(rng) ? "Receber" : "Pagar");
+    sqlite3_bind_double(insert, 3, issued);
+    sqlite3_bind_double(insert, 4, issued + 30);
+    bind_text(insert, 5, std::to_string(i));
+    sqlite3_bind_double(insert, 6, cents(rng) / 100.0);
+    bind_text(insert, 7, customer_name(1 + i % kCustomers));
+    bind_text(insert, 8, i % 2 ? "A" : "F");
+    sqlite3_step(insert);
+    sqlite3_reset(insert);
+  }
+  // No ANALYZE: a shop's file has no statistics either.
+  raw.exec("COMMIT");
+  std::fclose(std::fopen(marker.c_str(), "w"));
+}
 
 void build_data(const fs::path& folder) {
   if (!fs::exists(folder / "bench-customers-2") && fs::exists(folder / "bench-ready-2")) {

@@ -18,6 +18,7 @@ constexpr int kSuppliers = 500;  // each with 2,000 entries on the inflow ledger
 constexpr int kSalesRows = 1000000;
 constexpr int kOutflowRows = 200000;
 constexpr int kCustomers = 50000;
+constexpr int kAccounts = 200000;
 
 std::string reference_code(int i);
 // The party of a movement: a supplier on the inflow, a customer on a sale.
@@ -26,6 +27,8 @@ std::string supplier_name(int n);
 std::string customer_name(int i);
 std::string customer_phone(int i);
 std::string customer_cpf(int i);
+// Account i, "000001" to "200000": odd ones open, even ones settled.
+std::string account_code(int i);
 
 // A raw connection on one file, with what the files' columns need to be read.
 class Raw {
@@ -48,6 +51,9 @@ std::vector<std::string> all_cells(sqlite3_stmt* s);
 
 // Builds the shop-scale data once; later runs reuse it.
 void build_data(const fs::path& folder);
+// The accounts every finance workload reads: issued over 2025 and 2026, due
+// 30 days later, to pay or to receive, one per customer in turn.
+void build_accounts(const fs::path& folder);
 // The median of `iterations` timed runs, after a warm-up.
 double median_us(int iterations, const std::function<void(int)>& run);
 // One line: the workload, the program's median, the baseline's, their ratio.

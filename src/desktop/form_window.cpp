@@ -401,6 +401,10 @@ void FormWindow::refresh() {
       list->clear();
       for (const auto& item : c.items) list->addItem(q(item));
       list->setCurrentRow(c.list_index);
+      // As tall as its items, up to eight rows; a longer list scrolls.
+      int rows = std::clamp(static_cast<int>(c.items.size()), 2, 8);
+      list->setMaximumHeight(rows * std::max(list->sizeHintForRow(0), list->fontMetrics().height()) +
+                             2 * list->frameWidth() + 2);
     } else if (auto* button = qobject_cast<QAbstractButton*>(w)) {
       button->setText(q(c.text()));
       button->setChecked(c.checked());

@@ -1,11 +1,42 @@
 // The storage and screen workloads at shop scale, the program's path beside
 // a hand-written raw SQLite baseline on the same files: medians and ratio.
 //
-//   mostruz_bench [DATA_FOLDER]   (built on first use, then reused)
+//   mostruz_bench [DATA_FOLDER [AREA...]]   (data built on first use, then reused)
+//
+// Naming areas (store, records, consulta, ...) runs only those.
 #include <cstdio>
+#include <cstring>
 
 #include "bench/support.h"
 #include "store/database.h"
+
+namespace {
+
+struct Area {
+  const char* name;
+  void (*run)(const mz::bench::fs::path&);
+};
+
+const Area kAreas[] = {
+    {"store", mz::bench::run_store_benchmarks},
+    {"records", mz::bench::run_records_benchmarks},
+    {"consulta", mz::bench::run_consulta_benchmarks},
+    {"entrada", mz::bench::run_entrada_benchmarks},
+    {"labels", mz::bench::run_label_benchmarks},
+    {"cash", mz::bench::run_cash_benchmarks},
+    {"accounts", mz::bench::run_accounts_benchmarks},
+    {"settlement", mz::bench::run_settlement_benchmarks},
+    {"account_search", mz::bench::run_account_search_benchmarks},
+};
+
+bool chosen(const char* area, int argc, char** argv) {
+  if (argc <= 2) return true;
+  for (int i = 2; i < argc; ++i)
+    if (std::strcmp(argv[i], area) == 0) return true;
+  return false;
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
   namespace bench = mz::bench;
@@ -13,14 +44,7 @@ int main(int argc, char** argv) {
   bench::build_data(folder);
   mz::store::Workspace::set_folder(folder);
   std::printf("%-46s %12s %12s %9s\n", "workload (medians)", "programa", "SQLite puro", "razão");
-  bench::run_store_benchmarks(folder);
-  bench::run_records_benchmarks(folder);
-  bench::run_consulta_benchmarks(folder);
-  bench::run_entrada_benchmarks(folder);
-  bench::run_label_benchmarks(folder);
-  bench::run_cash_benchmarks(folder);
-  bench::run_accounts_benchmarks(folder);
-  bench::run_settlement_benchmarks(folder);
-  bench::run_account_search_benchmarks(folder);
+  for (const Area& area : kAreas)
+    if (chosen(area.name, argc, argv)) area.run(folder);
   return 0;
 }

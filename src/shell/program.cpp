@@ -6,6 +6,7 @@
 #include "shell/screens.h"
 #include "finance/screens.h"
 #include "stock/screens.h"
+#include "sales/screens.h"
 
 namespace mz::shell {
 namespace {
@@ -59,6 +60,7 @@ ui::Program program() {
     rt.register_screen("BUSCON", finance::make_buscon);
     rt.register_screen("CONBX", finance::make_conbx);
     rt.register_screen("CONCLIE", finance::make_conclie);
+    rt.register_screen("vendaimpre", sales::make_vendaimpre);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -5,11 +5,13 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "core/error.h"
 #include "print/page.h"
+#include "shell/program.h"
 #include "store/database.h"
 #include "support/scratch_folder.h"
 #include "ui/runtime.h"
@@ -335,6 +337,16 @@ TEST(SalePrinting, A4SheetOfASaleNotYetRecordedIsDatedToday) {
   print_a4(fx.rt, sale);
   EXPECT_EQ(fx.rows("\\impeven.Mdb", "Select distinct NR, DATA from impeven"),
             std::vector<std::string>{"|22/11/2026"});
+}
+
+TEST(SalePrinting, VendaimpreNamesThePrintServicesDefaultPrinter) {
+  Fixture fx;
+  shell::program().register_screens(fx.rt);
+  setenv("PRINTER", "Balcao_Epson", 1);
+  fx.rt.show("vendaimpre");
+  unsetenv("PRINTER");
+  EXPECT_EQ(fx.rt.screen("vendaimpre")["NOMEI"].text(), "Balcao_Epson");
+  EXPECT_EQ(fx.rt.screen("vendaimpre")["Label2"].text(), "LPT1");
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ Ticket counter_ticket(ui::Runtime& rt, const SaleOnScreen& s, const Wording& w) 
     t.line(tira_acento(w.document + s.c3));
   }
   t.line(" ").line("  Qtda. Produto                         Vlr.Unit.").line(" ");
-  for (const auto& item : s.items) t.line({{0, "  "}, {0, item[0]}, {8, item[1]}, {45, figure(item[3])}});
+  for (const auto& item : s.items) t.line({{0, "  " + item[0]}, {8, item[1]}, {45, figure(item[3])}});
   t.line(" ").line(w.seller + s.ven).line(w.payment + s.k4);
   t.at(kFigures, "Sub Total: " + figure(s.w1));
   // The discount prints as typed: a percentage shows as its number.

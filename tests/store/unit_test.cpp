@@ -3,6 +3,7 @@
 #include "store/unit.h"
 
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include "core/format.h"
 #include "store/connection.h"
@@ -89,8 +90,14 @@ TEST(StoreUnit, TheFilesOwnHandlesSeeTheCommittedRows) {
   EXPECT_EQ(walk.record_count(), 100);  // the walk keeps the rows it began with
 }
 
+// Other stations are given up on quickly here, and the usual wait comes back after.
+struct ShortLockWait {
+  ShortLockWait() { Connection::set_lock_timeout_ms(50); }
+  ~ShortLockWait() { Connection::set_lock_timeout_ms(2000); }
+};
+
 TEST(StoreUnit, AFileHeldByAnotherStationIsError3186AndWritesNothing) {
-  Connection::set_lock_timeout_ms(50);
+  ShortLockWait short_wait;
   testing::ScratchFolder folder;
   Database held = Workspace::open_database("Caixa.Mdb");
   {
@@ -105,8 +112,25 @@ TEST(StoreUnit, AFileHeldByAnotherStationIsError3186AndWritesNothing) {
               unit.commit();
             }),
             0);
-  Connection::set_lock_timeout_ms(2000);
   EXPECT_EQ(single("VENDA.MDB", "Select count(*) from VENDA"), "1");
+
+  // A station still reading a file when the unit commits: the commit fails
+  // and the unit's writes go with it.
+  sqlite3* reader = nullptr;
+  ASSERT_EQ(sqlite3_open(folder.file("caixa.db").c_str(), &reader), SQLITE_OK);
+  sqlite3_exec(reader, "BEGIN; SELECT count(*) FROM Cada;", nullptr, nullptr, nullptr);
+  EXPECT_EQ(error_number([] {
+              Unit unit({"VENDA.MDB", "Caixa.Mdb"});
+              unit.database("VENDA.MDB").execute("Insert into VENDA (CODIGO) values ('00000002')");
+              Database caixa = unit.database("Caixa.Mdb");
+              add_cash(caixa, "0000002", "2,00");
+              unit.commit();
+            }),
+            dberr::kLocked);
+  sqlite3_exec(reader, "COMMIT", nullptr, nullptr, nullptr);
+  sqlite3_close(reader);
+  EXPECT_EQ(single("VENDA.MDB", "Select count(*) from VENDA"), "1");
+  EXPECT_EQ(single("Caixa.Mdb", "Select count(*) from Cada"), "1");
 }
 
 TEST(StoreUnit, MisuseIsAnError) {

@@ -139,9 +139,10 @@ void open_account(store::Database& contas, const SaleOnScreen& s, const std::str
   });
 }
 
+// Nothing typed as paid is nothing paid.
 bool is_zero(const std::string& money) {
   Value v = typed(money);
-  return !v.is_null() && v.to_currency() == Currency();
+  return v.is_empty() || v.to_currency() == Currency();
 }
 
 // Settled at once for the total; with instalments, a settled down payment when

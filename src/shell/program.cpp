@@ -6,6 +6,7 @@
 #include "shell/screens.h"
 #include "finance/screens.h"
 #include "stock/screens.h"
+#include "stock/stocktake_screens.h"
 #include "sales/screens.h"
 
 namespace mz::shell {
@@ -13,7 +14,7 @@ namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
 const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "IMPEREFE", "Impe",
-                                    "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
+                                    "PEDIDO",   "troca",   "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
 }  // namespace
@@ -51,6 +52,8 @@ ui::Program program() {
     rt.register_screen("CONSULTA", stock::make_consulta);
     rt.register_screen("PSEST", stock::make_psest);
     rt.register_screen("ETI", stock::make_eti);
+    rt.register_screen("balanco", stock::make_balanco);
+    rt.register_screen("deve", stock::make_deve);
     rt.register_screen("CAIXA", finance::make_caixa);
     rt.register_screen("BUSCAIXA", finance::make_buscaixa);
     rt.register_screen("ABRECX", finance::make_abrecx);

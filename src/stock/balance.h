@@ -75,8 +75,13 @@ std::vector<SlotLine> slot_lines(std::string_view reference, const SlotRule& rul
 std::array<double, kSlots> slot_balances(std::string_view reference);
 // The balance of a reference by the stored piece counts of its rows.
 double reference_balance(std::string_view reference);
+// References as the ledgers' statements match them: in any case spelling.
+struct ReferenceOrder {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+using ReferenceBalances = std::map<std::string, double, ReferenceOrder>;
 // reference_balance of every reference that has a row in any ledger.
-std::map<std::string, double> all_reference_balances();
+ReferenceBalances all_reference_balances();
 
 // A balance as the screens show it: no thousands separator, a minus sign
 // when negative, decimals only when the quantities had them.

@@ -51,6 +51,8 @@ TEST(StockBalance, EntriesLessSalesAndExits) {
        "0004", {{2, 5}, {50, -1}}, 4},
       {"fractions pass through", {{"ENTRA.MDB", "ENTRA", "0006", 1, "1,5"}, {"VENDA.MDB", "VENDA", "0006", 1, "0,25"}},
        "0006", {{1, 1.25}}, 1.25},
+      {"a reference in another case spelling is the same",
+       {{"ENTRA.MDB", "ENTRA", "ab1", 2, "5"}, {"VENDA.MDB", "VENDA", "AB1", 2, "1"}}, "Ab1", {{2, 4}}, 4},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);

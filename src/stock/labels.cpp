@@ -10,6 +10,7 @@
 #include "core/regional.h"
 #include "records/grade.h"
 #include "stock/balance.h"
+#include "stock/entrada/band.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
@@ -18,10 +19,8 @@ namespace mz::stock {
 
 namespace {
 
-// The movement grid: the reference, then one column a slot, then quantity,
-// cost, subtotal and the "Etiq." mark.
-constexpr int kReferenceColumn = 0;
-constexpr int kLabelColumn = 54;
+using band::kLabelColumn;
+using band::kReferenceColumn;
 
 bool marked(const ui::Control& grid, int row) {
   return grid.grid.cols > kLabelColumn && grid.grid.cell(row, kLabelColumn) == "SIM";

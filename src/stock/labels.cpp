@@ -107,7 +107,9 @@ void generate_labels(ui::Runtime& rt, std::string_view ledger_file, const std::s
   for (int r = 1; r < grid.grid.rows; ++r)
     if (marked(grid, r))
       products[static_cast<size_t>(r)] = product(refe, grid.grid.cell(r, kReferenceColumn));
-  fill_barra(label_rows(grid, products, captions));
+  // A BARRA that another station holds is passed over like any failing
+  // statement: ETI opens on the rows the last generation left.
+  ui::resume_style([&] { fill_barra(label_rows(grid, products, captions)); });
   rt.wait_pointer(false);
   rt.show("ETI");
 }

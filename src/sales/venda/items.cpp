@@ -174,6 +174,7 @@ void load_size_names(ui::Form& f) {
 }
 
 void add_items_tab(ui::Runtime& rt, ui::Form& f) {
+  f.add("foto", ControlKind::Label).visible = false;
   ui::Control& fp = ui::add_field(f, "FP", ControlKind::ComboBox, "TABELA DE PREÇO:");
   fp.items = {"A VISTA", "A PRAZO"};
   ui::Control& code = ui::add_field(f, "GR", ControlKind::ComboBox, "CÓDIDO DE BARRA:");
@@ -187,21 +188,21 @@ void add_items_tab(ui::Runtime& rt, ui::Form& f) {
   ui::Control& price = ui::add_field(f, "E11", ControlKind::MaskedBox, "VALOR UNITÁRIO");
   price_filter(price);
   price.on_lost_focus = [&rt, &f] { leave_price(rt, f); };
+  // The date and number under the fields; description, size and the total
+  // in the column beside them, above the lines, so the total stays in view.
+  // (The hidden fields sit where the screen's layout keeps them out of it.)
+  ui::add_field(f, "DT", ControlKind::Label, "DATA VENDA:");
+  ui::add_field(f, "CODIGO", ControlKind::Label, "NR. VENDA:");
   ui::add_field(f, "E2", ControlKind::Label, "DESCRIÇÃO DO PRODUTO");
   ui::add_field(f, "TP", ControlKind::Label, "TAMANHO");
-  for (const char* hidden : {"foto", "xvv"}) f.add(hidden, ControlKind::Label).visible = false;
-  ui::Control& grid = f.add("Grid1", ControlKind::Grid);
-  ui::show_rows(grid, kLineHeading, {});
-  grid.on_dbl_click = [&rt, &f] { take_back(rt, f); };
   ui::Control& total = ui::add_field(f, "TL", ControlKind::Label, "TOTAL");
   total.bold = true;
   f["LTL"].bold = true;
-  for (int n = 1; n <= stock::kSlots; ++n) {
-    ui::Control& name = f.add(size_field(n), ControlKind::TextBox);
-    name.visible = false;
-  }
-  ui::add_field(f, "DT", ControlKind::Label, "DATA VENDA:");
-  ui::add_field(f, "CODIGO", ControlKind::Label, "NR. VENDA:");
+  f.add("xvv", ControlKind::Label).visible = false;
+  ui::Control& grid = f.add("Grid1", ControlKind::Grid);
+  ui::show_rows(grid, kLineHeading, {});
+  grid.on_dbl_click = [&rt, &f] { take_back(rt, f); };
+  for (int n = 1; n <= stock::kSlots; ++n) f.add(size_field(n), ControlKind::TextBox).visible = false;
   f.add("Command11", ControlKind::Button, "01- Busca por nome").on_click = [&rt] { rt.show("BNOME"); };
   f.add("Command9", ControlKind::Button, "02- Ver estoque").on_click = [&rt, &f] { show_stock(rt, f); };
   f.add("Command12", ControlKind::Button, "Foto").on_click = [&rt, &f] { show_photo(rt, f); };

@@ -121,8 +121,8 @@ void look_up(ui::Form& f) {
 }
 
 void ask_new_price(ui::Runtime& rt, ui::Form& f) {
-  auto typed = rt.host().input_box("Digite o valor unitário (000,00) ", "Novo valor", "");
-  if (typed) f["xvv"].set_text(*typed);
+  // A cancelled prompt gives an empty text, which takes no price.
+  f["xvv"].set_text(rt.host().input_box("Digite o valor unitário (000,00) ", "Novo valor", "").value_or(""));
 }
 
 void show_stock(ui::Runtime& rt, ui::Form& f) {

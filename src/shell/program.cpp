@@ -64,6 +64,7 @@ ui::Program program() {
     rt.register_screen("VENDA", sales::make_venda);
     rt.register_screen("BNOME", sales::venda::make_bnome);
     rt.register_screen("fotos", sales::venda::make_fotos);
+    rt.register_screen("vendaimpre", sales::make_vendaimpre);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

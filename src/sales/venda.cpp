@@ -4,7 +4,9 @@
 #include <functional>
 #include <memory>
 
+#include "sales/printing.h"
 #include "sales/screens.h"
+#include "sales/venda/sale.h"
 #include "sales/venda/closing.h"
 #include "sales/venda/items.h"
 #include "sales/venda/recording.h"
@@ -59,6 +61,10 @@ void add_buttons(ui::Runtime& rt, ui::Form& f) {
   };
   closing_button("Command1", "02- Estorno", [&rt] { rt.show("Estorno"); });
   closing_button("Command17", "03- Troca", [&rt] { rt.show("troca"); });
+  closing_button("Command14", "03- Cupom A", [&rt, &f] { print_cupom_a(rt, read_sale(f)); });
+  closing_button("Command15", "04- Cupom B", [&rt, &f] { print_cupom_b(rt, read_sale(f)); });
+  closing_button("Command16", "05- Carnê", [&rt, &f] { print_carne(rt, read_sale(f)); });
+  closing_button("Command21", "03- Impressão", [&rt] { rt.show("vendaimpre"); });
 }
 
 // The function keys, each also an item of the screen's menu.
@@ -77,6 +83,10 @@ void add_menu(ui::Runtime& rt, ui::Form& f) {
       {"MenuEstoque", "Ver estoque", 5, [&rt, &f] { venda::show_stock(rt, f); }},
       {"MenuGrava", "Grava venda", 6, [&rt, &f] { venda::record_sale(rt, f); }},
       {"MenuNovaVenda", "Nova venda", 7, [&rt, &f] { venda::new_sale(rt, f); }},
+      {"MenuCupomA", "Cupom A", 8, [&rt, &f] { print_cupom_a(rt, read_sale(f)); }},
+      {"MenuCupomB", "Cupom B", 9, [&rt, &f] { print_cupom_b(rt, read_sale(f)); }},
+      {"MenuCarne", "Carnê", 10, [&rt, &f] { print_carne(rt, read_sale(f)); }},
+      {"MenuImpressao", "Impressão", 11, [&rt] { rt.show("vendaimpre"); }},
       {"MenuFoto", "Foto", 12, [&rt, &f] { venda::show_photo(rt, f); }},
   };
   for (const Item& item : items) {

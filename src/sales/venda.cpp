@@ -50,10 +50,14 @@ void follow_pages(ui::Form& f) {
   }
 }
 
-void add_buttons(ui::Runtime& rt, ui::Form& f) {
+// The main buttons stand below the tabs, in view on every tab.
+void add_main_buttons(ui::Runtime& rt, ui::Form& f) {
   f.add("Command10", ControlKind::Button, "04- Fechamento  ").on_click = [&rt, &f] { venda::go_to_closing(rt, f); };
   f.add("Command2", ControlKind::Button, "01- Grava venda").on_click = [&rt, &f] { venda::record_sale(rt, f); };
   f.add("Command7", ControlKind::Button, "02- Nova venda").on_click = [&rt, &f] { venda::new_sale(rt, f); };
+}
+
+void add_closing_buttons(ui::Runtime& rt, ui::Form& f) {
   auto closing_button = [&f](const char* name, const char* caption, std::function<void()> action) {
     ui::Control& b = f.add(name, ControlKind::Button, caption);
     b.page = venda::kClosingPage;
@@ -108,8 +112,8 @@ std::unique_ptr<ui::Form> make_venda(ui::Runtime& rt) {
   tabs.tab_stop = false;
   tabs.on_click = [&rt, &f] { choose_tab(rt, f); };
   venda::add_items_tab(rt, f);
-  venda::add_closing_tab(rt, f);
-  add_buttons(rt, f);
+  venda::add_closing_tab(rt, f, [&rt, &f] { add_closing_buttons(rt, f); });
+  add_main_buttons(rt, f);
   add_menu(rt, f);
   follow_pages(f);
 

@@ -181,6 +181,9 @@ void add_instalment_fields(ui::Runtime& rt, ui::Form& f) {
   closing_field(f, "K3", ControlKind::ComboBox, "NR.DOCUMENTO:").items = {"CAIXA", "CONTAS"};
   closing_field(f, "tt1", ControlKind::Label, "").visible = false;
   closing_button(f, "Command4", "< Lança", [&rt, &f] { add_instalments(rt, f); });
+}
+
+void add_instalment_grid(ui::Form& f) {
   ui::Control& grid = closing_field(f, "Grid3", ControlKind::Grid, "PARCELAMENTO:");
   ui::show_rows(grid, kInstalmentHeading, {});
   grid.on_dbl_click = [&grid] {
@@ -217,10 +220,12 @@ void reset_amounts(ui::Form& f) {
   clear_rows(f["Grid3"]);
 }
 
-void add_closing_tab(ui::Runtime& rt, ui::Form& f) {
+void add_closing_tab(ui::Runtime& rt, ui::Form& f, const std::function<void()>& add_buttons) {
   add_amounts(rt, f);
   add_parties(rt, f);
   add_instalment_fields(rt, f);
+  add_buttons();
+  add_instalment_grid(f);
 }
 
 }  // namespace mz::sales::venda

@@ -6,10 +6,10 @@
 
 #include "sales/printing.h"
 #include "sales/screens.h"
-#include "sales/venda/sale.h"
 #include "sales/venda/closing.h"
 #include "sales/venda/items.h"
 #include "sales/venda/recording.h"
+#include "sales/venda/sale.h"
 #include "ui/fields.h"
 #include "ui/keys.h"
 

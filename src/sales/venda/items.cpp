@@ -32,15 +32,14 @@ void show_total(ui::Form& f, const Currency& total) {
 // The line of what stands in GR, E7, E2, TP and E11. A quantity or a price
 // that is not a number adds nothing and leaves the screen as it was.
 void add_line(ui::Runtime& rt, ui::Form& f) {
-  Currency quantity, price, total;
+  Currency price, value, total;
   try {
-    quantity = Value(f["E7"].text()).to_currency();
     price = Value(f["E11"].text()).to_currency();
+    value = Value(f["E7"].text()).to_currency() * price;
     total = amount(f["TL"].text());
   } catch (const Error&) {
-    return;
+    return;  // also a line too large for any amount
   }
-  const Currency value = quantity * price;
   ui::Control& grid = f["Grid1"];
   append_row(grid, {f["E7"].text(), ">" + f["GR"].text() + "-" + f["E2"].text(), f["TP"].text(), money(price),
                     money(value)});

@@ -211,7 +211,10 @@ void Desktop::screen_shown(ui::Form& form) {
               area.y() + std::max(0, (area.height() - size.height()) / 2));
     }
   }
-  w->show();
+  const QSize area = QGuiApplication::primaryScreen()->availableGeometry().size();
+  const QSize hint = w->sizeHint();
+  if (w->has_grid() || hint.width() > area.width() || hint.height() > area.height()) w->showMaximized();
+  else w->show();
 }
 
 void Desktop::screen_closed(ui::Form& form) {

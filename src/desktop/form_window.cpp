@@ -26,6 +26,7 @@
 
 #include "core/text.h"
 #include "desktop/desktop.h"
+#include "desktop/grid_table.h"
 #include "ui/keys.h"
 
 namespace mz::desktop {
@@ -68,11 +69,41 @@ constexpr int kSlotBlock = 10;
 // Fields a column holds before a long form flows into another column, so
 // that a card fits a 1366x768 display.
 constexpr int kRowsPerColumn = 16;
-// Beside a block or a grid the fields leave more of the height to it.
-constexpr int kRowsBesideWideItems = 8;
+// Beside a block or a grid the fields run across the page, at most this many
+// a row, and leave the height to the grid.
+constexpr int kFieldsPerRowBesideWideItems = 4;
 constexpr int kButtonsPerRow = 8;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
+
+// Row 0 of a grid with a fixed row is its heading: the table's header, which
+// stays in sight as the rows scroll.
+int heading_rows(const ui::GridCells& g) { return g.fixed_rows > 0 ? 1 : 0; }
+
+void show_cells(GridTable* table, const ui::GridCells& g) {
+  const int heading = heading_rows(g);
+  table->setRowCount(std::max(0, g.rows - heading));
+  table->setColumnCount(g.cols);
+  table->horizontalHeader()->setVisible(heading > 0);
+  if (heading) {
+    QStringList captions;
+    for (int col = 0; col < g.cols; ++col) captions << q(g.cell(0, col));
+    table->setHorizontalHeaderLabels(captions);
+  }
+  QFont bold = table->font();
+  bold.setBold(true);
+  for (int r = heading; r < g.rows; ++r)
+    for (int col = 0; col < g.cols; ++col) {
+      auto* item = new QTableWidgetItem(q(g.cell(r, col)));
+      item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
+      if (r < g.fixed_rows) item->setFont(bold);
+      table->setItem(r - heading, col, item);
+    }
+  table->resizeColumnsToContents();
+  // Every grid keeps its first column in sight as it scrolls sideways: the
+  // reference or the name that says what a row is.
+  table->set_frozen_columns(std::max(1, g.fixed_cols));
+}
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
@@ -118,13 +149,13 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     });
     tabs->setObjectName(q(c->name()));
     widgets_[c.get()] = tabs;
-    outer->addWidget(tabs);
+    outer->addWidget(tabs, 1);
     break;
   }
   auto* untabbed = new QVBoxLayout;
-  outer->addLayout(untabbed);
-  outer->addStretch();
+  outer->addLayout(untabbed, 1);
   outer->addLayout(buttons);
+  buttons->setColumnStretch(kButtonsPerRow, 1);  // buttons as wide as their captions, from the left
 
   auto page_of = [&](const ui::Control& c) -> QVBoxLayout* {
     if (pages.empty()) return untabbed;
@@ -204,10 +235,11 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       continue;
     }
     // A caption joins the field that follows it on the same page; one that
-    // ends in ":" joins a label too, the figure it names.
+    // ends in ":", or is named for the label after it, joins that label too,
+    // the figure it names.
     if (is_caption(c) && i + 1 < controls.size()) {
       const ui::Control& next = *controls[i + 1];
-      bool names_figure = next.kind() == ControlKind::Label && c.text().back() == ':';
+      bool names_figure = next.kind() == ControlKind::Label && (c.text().back() == ':' || c.name() == "L" + next.name());
       if ((next.kind() != ControlKind::Label || names_figure) && next.kind() != ControlKind::Button &&
           next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
         QWidget* caption = make_widget(c);
@@ -225,11 +257,11 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
   refresh();
 }
 
-// Runs of fields flow into as many columns as keep a column short; wide
-// items (grids, blocks) take the whole width between them.
+// Runs of fields flow into as many columns as keep a column short, or across
+// the page in rows on a page with a grid or a block; wide items take the
+// whole width between them, and a grid all the height left.
 void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
   const bool has_wide = std::any_of(list.begin(), list.end(), [](const Item& item) { return item.wide; });
-  const int rows_per_column = has_wide ? kRowsBesideWideItems : kRowsPerColumn;
   for (size_t i = 0; i < list.size();) {
     if (list[i].wide) {
       if (list[i].block) page->addLayout(list[i].block);
@@ -242,7 +274,10 @@ void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
     std::vector<const Item*> fields, pictures;
     for (size_t k = i; k < end; ++k) (list[k].picture ? pictures : fields).push_back(&list[k]);
     const int count = static_cast<int>(fields.size());
-    const int columns = std::max(1, (count + rows_per_column - 1) / rows_per_column);
+    // Rows as even as they can be: five fields make a row of three and one of two.
+    const int lines = std::max(1, (count + kFieldsPerRowBesideWideItems - 1) / kFieldsPerRowBesideWideItems);
+    const int columns = has_wide ? std::max(1, (count + lines - 1) / lines)
+                                 : std::max(1, (count + kRowsPerColumn - 1) / kRowsPerColumn);
     const int rows = std::max(1, (count + columns - 1) / columns);
     auto* grid = new QGridLayout;
     grid->setVerticalSpacing(3);
@@ -250,7 +285,9 @@ void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
       grid->addWidget(pictures[p]->field, 0, columns * 2 + static_cast<int>(p), rows, 1, Qt::AlignTop);
     for (int k = 0; k < count; ++k) {
       const Item& item = *fields[static_cast<size_t>(k)];
-      int row = k % rows, col = (k / rows) * 2;
+      // Across the page the fields read in rows; a long card reads down its columns.
+      int row = has_wide ? k / columns : k % rows;
+      int col = (has_wide ? k % columns : k / rows) * 2;
       if (item.caption) grid->addWidget(item.caption, row, col);
       grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
       grid->setColumnStretch(col + 1, 1);
@@ -259,7 +296,9 @@ void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
     page->addLayout(grid);
     i = end;
   }
-  page->addStretch();
+  // A page with no grid to take the height keeps its fields at the top.
+  if (!std::any_of(list.begin(), list.end(), [](const Item& item) { return item.field && is_table(item.field); }))
+    page->addStretch();
 }
 
 QWidget* FormWindow::make_widget(ui::Control& c) {
@@ -315,16 +354,17 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
     }
     case ControlKind::Grid:
     case ControlKind::BoundGrid: {
-      auto* t = new QTableWidget(this);
-      t->setEditTriggers(QAbstractItemView::NoEditTriggers);
-      t->horizontalHeader()->hide();
-      t->verticalHeader()->hide();
-      t->setWordWrap(false);
-      t->horizontalHeader()->setStretchLastSection(true);
+      auto* t = new GridTable(this);
       connect(t, &QTableWidget::cellDoubleClicked, this, [this, &c](int r, int) {
-        c.grid.row = r;
+        c.grid.row = r + heading_rows(c.grid);
         desktop_.runtime().dbl_click(c);
         desktop_.sync();
+      });
+      // The arrows move the grid's row as they move the table's.
+      connect(t, &QTableWidget::currentCellChanged, this, [&c](int r, int col, int, int) {
+        if (r < 0) return;
+        c.grid.row = r + heading_rows(c.grid);
+        c.grid.col = col;
       });
       w = t;
       break;
@@ -408,22 +448,13 @@ void FormWindow::refresh() {
     } else if (auto* button = qobject_cast<QAbstractButton*>(w)) {
       button->setText(q(c.text()));
       button->setChecked(c.checked());
-    } else if (auto* table = qobject_cast<QTableWidget*>(w)) {
+    } else if (auto* table = dynamic_cast<GridTable*>(w)) {
       const ui::GridCells& g = c.grid;
       // A long list is rebuilt only when its cells changed.
       auto& shown = shown_cells_[control];
-      if (shown.first == g.text && shown.second == g.colour && table->rowCount() == g.rows) continue;
+      if (shown.first == g.text && shown.second == g.colour && table->rowCount() == g.rows - heading_rows(g)) continue;
       shown = {g.text, g.colour};
-      table->setRowCount(g.rows);
-      table->setColumnCount(g.cols);
-      for (int r = 0; r < g.rows; ++r)
-        for (int col = 0; col < g.cols; ++col) {
-          auto* item = new QTableWidgetItem(q(g.cell(r, col)));
-          item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
-          if (r < g.fixed_rows) item->setFont([] { QFont f; f.setBold(true); return f; }());
-          table->setItem(r, col, item);
-        }
-      table->resizeColumnsToContents();
+      show_cells(table, g);
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
       if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
     } else if (c.kind() == ControlKind::Image) {
@@ -451,11 +482,21 @@ void FormWindow::show_picture(QLabel* label, const std::string& text, int size) 
   label->setPixmap(pixmap.scaled(label->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
+bool FormWindow::has_grid() const {
+  return std::any_of(widgets_.begin(), widgets_.end(), [](const auto& entry) { return is_table(entry.second); });
+}
+
 bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
   ui::Runtime& rt = desktop_.runtime();
   if (rt.focused() != &c) rt.set_focus(c);
   if (int code = runtime_key(key->key())) {
     rt.press_key(code, key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier) ? 1 : 0);
+    // The arrows also move a grid's current row, as the old grids did.
+    const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    if (arrow && is_table(widget(c))) {
+      desktop_.sync();
+      return false;
+    }
   } else if (!key->text().isEmpty() && key->text()[0].isPrint()) {
     for (char32_t ch : to_u32(key->text().toStdString())) rt.type_char(ch);
   } else {

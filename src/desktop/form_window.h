@@ -20,6 +20,8 @@ class FormWindow : public QWidget {
 
   ui::Form& form() const { return form_; }
   QWidget* widget(const ui::Control& control) const;
+  // A screen with a grid takes the whole display: the grid gets the room.
+  bool has_grid() const;
   // Copies the controls' state into the widgets.
   void refresh();
 

@@ -1,0 +1,105 @@
+#include "desktop/grid_table.h"
+
+#include <QHeaderView>
+#include <QScrollBar>
+
+#include <algorithm>
+
+namespace mz::desktop {
+
+GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTableView(this)) {
+  setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setWordWrap(false);
+  verticalHeader()->hide();
+  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setSectionsClickable(false);
+  // Rows as tall as the text: a screen shows more lines of its document.
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+  setHorizontalScrollMode(ScrollPerPixel);
+
+  // The frozen view shares the cells and the selection; it never takes the
+  // keyboard, the grid under it does.
+  frozen_->setModel(model());
+  frozen_->setSelectionModel(selectionModel());
+  frozen_->setFocusPolicy(Qt::NoFocus);
+  frozen_->setFrameShape(QFrame::NoFrame);
+  frozen_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+  frozen_->setWordWrap(false);
+  frozen_->verticalHeader()->hide();
+  frozen_->verticalHeader()->setDefaultSectionSize(verticalHeader()->defaultSectionSize());
+  frozen_->horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  frozen_->horizontalHeader()->setHighlightSections(false);
+  frozen_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  frozen_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  frozen_->setVerticalScrollMode(verticalScrollMode());
+  frozen_->hide();
+  viewport()->stackUnder(frozen_);
+
+  connect(frozen_->verticalScrollBar(), &QAbstractSlider::valueChanged, verticalScrollBar(), &QAbstractSlider::setValue);
+  connect(verticalScrollBar(), &QAbstractSlider::valueChanged, frozen_->verticalScrollBar(), &QAbstractSlider::setValue);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column, int, int size) {
+    if (column < frozen_count_) {
+      frozen_->setColumnWidth(column, size);
+      place_frozen();
+    }
+  });
+  connect(verticalHeader(), &QHeaderView::sectionResized, this,
+          [this](int row, int, int size) { frozen_->setRowHeight(row, size); });
+  // A double click on the frozen cells is one on the grid's.
+  connect(frozen_, &QAbstractItemView::doubleClicked, this,
+          [this](const QModelIndex& index) { emit cellDoubleClicked(index.row(), index.column()); });
+}
+
+void GridTable::set_frozen_columns(int count) {
+  frozen_count_ = std::max(0, count);
+  follow_columns();
+}
+
+void GridTable::follow_columns() {
+  frozen_->horizontalHeader()->setVisible(!horizontalHeader()->isHidden());
+  for (int col = 0; col < columnCount(); ++col) {
+    frozen_->setColumnHidden(col, col >= frozen_count_);
+    if (col < frozen_count_) frozen_->setColumnWidth(col, columnWidth(col));
+  }
+  place_frozen();
+}
+
+int GridTable::frozen_width() const {
+  int width = 0;
+  for (int col = 0; col < std::min(frozen_count_, columnCount()); ++col) width += columnWidth(col);
+  return width;
+}
+
+void GridTable::place_frozen() {
+  // Nothing to hold in place when every column is frozen, nor when the frozen
+  // columns would hide most of the others.
+  const bool holds = frozen_count_ > 0 && frozen_count_ < columnCount() && frozen_width() <= viewport()->width() / 2;
+  frozen_->setVisible(holds);
+  if (!holds) return;
+  const int header = horizontalHeader()->isHidden() ? 0 : horizontalHeader()->height();
+  frozen_->setGeometry(frameWidth(), frameWidth(), std::min(frozen_width(), viewport()->width()),
+                       viewport()->height() + header);
+}
+
+void GridTable::resizeEvent(QResizeEvent* event) {
+  QTableWidget::resizeEvent(event);
+  place_frozen();
+}
+
+QModelIndex GridTable::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+  QModelIndex current = QTableWidget::moveCursor(action, modifiers);
+  if (action == MoveLeft && !frozen_->isHidden() && current.column() >= frozen_count_ &&
+      visualRect(current).topLeft().x() < frozen_width()) {
+    const int scrolled = horizontalScrollBar()->value() + visualRect(current).topLeft().x() - frozen_width();
+    horizontalScrollBar()->setValue(scrolled);
+  }
+  return current;
+}
+
+void GridTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  // A frozen cell is always in sight; scrolling to it would move the others.
+  if (frozen_->isHidden() || index.column() >= frozen_count_) QTableWidget::scrollTo(index, hint);
+}
+
+}  // namespace mz::desktop

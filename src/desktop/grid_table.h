@@ -1,0 +1,35 @@
+#pragma once
+// A flex grid drawn as a table: its heading row stands as the table's
+// header, and its first column stays in place while the others scroll
+// sideways, so a wide grid still shows which reference each row is.
+#include <QTableWidget>
+
+namespace mz::desktop {
+
+class GridTable : public QTableWidget {
+ public:
+  explicit GridTable(QWidget* parent);
+
+  // The columns that stay in place; 0 lets every column scroll.
+  void set_frozen_columns(int count);
+  int frozen_columns() const { return frozen_count_; }
+  // The view drawn over the frozen columns.
+  QTableView* frozen_view() const { return frozen_; }
+  // After the cells changed: the frozen view takes the new widths.
+  void follow_columns();
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  // Moving along a row never leaves the current cell under the frozen columns.
+  QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+
+ private:
+  int frozen_width() const;
+  void place_frozen();
+
+  QTableView* frozen_;
+  int frozen_count_ = 0;
+};
+
+}  // namespace mz::desktop

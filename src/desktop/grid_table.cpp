@@ -46,6 +46,7 @@ GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTable
   });
   connect(verticalHeader(), &QHeaderView::sectionResized, this,
           [this](int row, int, int size) { frozen_->setRowHeight(row, size); });
+  connect(horizontalScrollBar(), &QAbstractSlider::valueChanged, this, &GridTable::snap);
   // A double click on the frozen cells is one on the grid's.
   connect(frozen_, &QAbstractItemView::doubleClicked, this,
           [this](const QModelIndex& index) { emit cellDoubleClicked(index.row(), index.column()); });
@@ -80,6 +81,30 @@ void GridTable::place_frozen() {
   const int header = horizontalHeader()->isHidden() ? 0 : horizontalHeader()->height();
   frozen_->setGeometry(frameWidth(), frameWidth(), std::min(frozen_width(), viewport()->width()),
                        viewport()->height() + header);
+}
+
+// A column that scrolled partly under the frozen ones would show a cut
+// sliver: the offset stops where a column starts right beside them, the next
+// stop in the direction the user moved.
+void GridTable::snap(int offset) {
+  QScrollBar* bar = horizontalScrollBar();
+  const int from = last_offset_;
+  last_offset_ = offset;
+  if (snapping_ || frozen_->isHidden() || offset == bar->maximum() || offset == from) return;
+  const int frozen = frozen_width();
+  int stop = offset > from ? bar->maximum() : 0;
+  for (int col = frozen_count_; col < columnCount(); ++col) {
+    const int start = horizontalHeader()->sectionPosition(col) - frozen;
+    if (offset > from && start >= offset) {
+      stop = std::min(stop, start);
+      break;
+    }
+    if (offset < from && start <= offset) stop = std::max(stop, start);
+  }
+  snapping_ = true;
+  bar->setValue(stop);
+  snapping_ = false;
+  last_offset_ = bar->value();
 }
 
 void GridTable::resizeEvent(QResizeEvent* event) {

@@ -27,9 +27,12 @@ class GridTable : public QTableWidget {
  private:
   int frozen_width() const;
   void place_frozen();
+  void snap(int offset);
 
   QTableView* frozen_;
   int frozen_count_ = 0;
+  int last_offset_ = 0;  // the horizontal offset before the last move
+  bool snapping_ = false;
 };
 
 }  // namespace mz::desktop

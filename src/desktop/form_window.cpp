@@ -18,6 +18,7 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTextCursor>
 #include <QFileInfo>
 #include <QVBoxLayout>
@@ -72,13 +73,21 @@ constexpr int kRowsPerColumn = 16;
 // Beside a block or a grid the fields run across the page, at most this many
 // a row, and leave the height to the grid.
 constexpr int kFieldsPerRowBesideWideItems = 4;
-constexpr int kButtonsPerRow = 8;
+constexpr int kFieldWidthInRows = 150;
+constexpr int kButtonsPerRow = 10;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
 
 // Row 0 of a grid with a fixed row is its heading: the table's header, which
 // stays in sight as the rows scroll.
 int heading_rows(const ui::GridCells& g) { return g.fixed_rows > 0 ? 1 : 0; }
+
+// A number or an amount ("1.358,40", "-3", "0007"), which a grid aligns to
+// the right as the old grids did; anything else reads from the left.
+bool is_number(const std::string& text) {
+  static const QRegularExpression kNumber(R"(^-?[0-9][0-9.]*(,[0-9]+)?$)");
+  return kNumber.match(q(text)).hasMatch();
+}
 
 void show_cells(GridTable* table, const ui::GridCells& g) {
   const int heading = heading_rows(g);
@@ -97,9 +106,13 @@ void show_cells(GridTable* table, const ui::GridCells& g) {
       auto* item = new QTableWidgetItem(q(g.cell(r, col)));
       item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
       if (r < g.fixed_rows) item->setFont(bold);
+      if (is_number(g.cell(r, col))) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
       table->setItem(r - heading, col, item);
     }
   table->resizeColumnsToContents();
+  // Fitting the columns to their contents undid the stretch of the last one.
+  table->horizontalHeader()->setStretchLastSection(false);
+  table->horizontalHeader()->setStretchLastSection(true);
   // Every grid keeps its first column in sight as it scrolls sideways: the
   // reference or the name that says what a row is.
   table->set_frozen_columns(std::max(1, g.fixed_cols));
@@ -243,7 +256,8 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       if ((next.kind() != ControlKind::Label || names_figure) && next.kind() != ControlKind::Button &&
           next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
         QWidget* caption = make_widget(c);
-        page.push_back({caption, make_widget(*controls[++i]), nullptr, false});
+        QWidget* field = make_widget(*controls[++i]);
+        page.push_back({caption, with_buttons_beside(field, i), nullptr, false});
         continue;
       }
     }
@@ -273,32 +287,99 @@ void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
     while (end < list.size() && !list[end].wide) ++end;
     std::vector<const Item*> fields, pictures;
     for (size_t k = i; k < end; ++k) (list[k].picture ? pictures : fields).push_back(&list[k]);
-    const int count = static_cast<int>(fields.size());
-    // Rows as even as they can be: five fields make a row of three and one of two.
-    const int lines = std::max(1, (count + kFieldsPerRowBesideWideItems - 1) / kFieldsPerRowBesideWideItems);
-    const int columns = has_wide ? std::max(1, (count + lines - 1) / lines)
-                                 : std::max(1, (count + kRowsPerColumn - 1) / kRowsPerColumn);
-    const int rows = std::max(1, (count + columns - 1) / columns);
-    auto* grid = new QGridLayout;
-    grid->setVerticalSpacing(3);
-    for (size_t p = 0; p < pictures.size(); ++p)
-      grid->addWidget(pictures[p]->field, 0, columns * 2 + static_cast<int>(p), rows, 1, Qt::AlignTop);
-    for (int k = 0; k < count; ++k) {
-      const Item& item = *fields[static_cast<size_t>(k)];
-      // Across the page the fields read in rows; a long card reads down its columns.
-      int row = has_wide ? k / columns : k % rows;
-      int col = (has_wide ? k % columns : k / rows) * 2;
-      if (item.caption) grid->addWidget(item.caption, row, col);
-      grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
-      grid->setColumnStretch(col + 1, 1);
-      grid->setColumnMinimumWidth(col + 1, 190);
-    }
-    page->addLayout(grid);
+    page->addLayout(has_wide ? fields_in_rows(fields, pictures) : fields_in_columns(fields, pictures));
     i = end;
   }
   // A page with no grid to take the height keeps its fields at the top.
   if (!std::any_of(list.begin(), list.end(), [](const Item& item) { return item.field && is_table(item.field); }))
     page->addStretch();
+}
+
+namespace {
+
+bool is_lone_label(const FormWindow::Item& item) {
+  return !item.caption && qobject_cast<const QLabel*>(item.field) != nullptr;
+}
+
+void add_pictures(QGridLayout* grid, const std::vector<const FormWindow::Item*>& pictures, int column, int rows) {
+  for (size_t p = 0; p < pictures.size(); ++p)
+    grid->addWidget(pictures[p]->field, 0, column + static_cast<int>(p), std::max(1, rows), 1, Qt::AlignTop);
+}
+
+}  // namespace
+
+// Buttons declared right after a field, with more of the screen after them,
+// act on that field ("< Busca", "DETALHES"): they stand beside it rather
+// than in the bar at the foot. `i` moves past the buttons taken.
+QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
+  const auto& controls = form_.controls();
+  const ui::Control& owner = *controls[i];
+  if (!owner.is_entry()) return field;
+  size_t end = i + 1;
+  while (end < controls.size() && controls[end]->kind() == ControlKind::Button && controls[end]->page == owner.page)
+    ++end;
+  const bool more_after = end < controls.size() && controls[end]->kind() != ControlKind::Button &&
+                          controls[end]->kind() != ControlKind::MenuItem;
+  if (end == i + 1 || !more_after) return field;
+  auto* row = new QWidget(this);
+  auto* line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  line->addWidget(field, 1);
+  for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
+  --i;
+  return row;
+}
+
+// A long card: its fields read down columns of at most kRowsPerColumn.
+QGridLayout* FormWindow::fields_in_columns(const std::vector<const Item*>& fields,
+                                          const std::vector<const Item*>& pictures) {
+  const int count = static_cast<int>(fields.size());
+  const int columns = std::max(1, (count + kRowsPerColumn - 1) / kRowsPerColumn);
+  const int rows = std::max(1, (count + columns - 1) / columns);
+  auto* grid = new QGridLayout;
+  grid->setVerticalSpacing(3);
+  add_pictures(grid, pictures, columns * 2, rows);
+  for (int k = 0; k < count; ++k) {
+    const Item& item = *fields[static_cast<size_t>(k)];
+    const int row = k % rows, col = (k / rows) * 2;
+    if (item.caption) grid->addWidget(item.caption, row, col);
+    grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
+    grid->setColumnStretch(col + 1, 1);
+    grid->setColumnMinimumWidth(col + 1, 190);
+  }
+  return grid;
+}
+
+// Fields beside a grid or a block: across the page in rows as even as they
+// can be (five fields make a row of three and one of two). A lone line of
+// text, a help line that changes with the focus, stands on a line of its own.
+QGridLayout* FormWindow::fields_in_rows(const std::vector<const Item*>& fields,
+                                       const std::vector<const Item*>& pictures) {
+  const int count = static_cast<int>(std::count_if(fields.begin(), fields.end(),
+                                                   [](const Item* item) { return !is_lone_label(*item); }));
+  const int lines = std::max(1, (count + kFieldsPerRowBesideWideItems - 1) / kFieldsPerRowBesideWideItems);
+  const int columns = std::max(1, (count + lines - 1) / lines);
+  auto* grid = new QGridLayout;
+  grid->setVerticalSpacing(3);
+  int row = 0, col = 0;
+  for (const Item* item : fields) {
+    if (is_lone_label(*item)) {
+      if (col > 0) ++row;
+      grid->addWidget(item->field, row++, 0, 1, columns * 2);
+      col = 0;
+      continue;
+    }
+    if (item->caption) grid->addWidget(item->caption, row, col * 2);
+    grid->addWidget(item->field, row, item->caption ? col * 2 + 1 : col * 2, 1, item->caption ? 1 : 2);
+    grid->setColumnStretch(col * 2 + 1, 1);
+    grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
+    if (++col == columns) {
+      col = 0;
+      ++row;
+    }
+  }
+  add_pictures(grid, pictures, columns * 2, row + (col > 0 ? 1 : 0));
+  return grid;
 }
 
 QWidget* FormWindow::make_widget(ui::Control& c) {
@@ -327,9 +408,18 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       w = combo;
       break;
     }
-    case ControlKind::ListBox:
-      w = new QListWidget(this);
+    case ControlKind::ListBox: {
+      auto* list = new QListWidget(this);
+      // Choosing an item, by the mouse or the arrows, is the list's click.
+      connect(list, &QListWidget::currentRowChanged, this, [this, &c](int row) {
+        if (row < 0 || row == c.list_index) return;
+        c.set_list_index(row);
+        desktop_.runtime().click(c);
+        desktop_.sync();
+      });
+      w = list;
       break;
+    }
     case ControlKind::OptionButton:
     case ControlKind::CheckBox: {
       QAbstractButton* b = c.kind() == ControlKind::OptionButton ? static_cast<QAbstractButton*>(new QRadioButton(this))
@@ -358,6 +448,11 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       connect(t, &QTableWidget::cellDoubleClicked, this, [this, &c](int r, int) {
         c.grid.row = r + heading_rows(c.grid);
         desktop_.runtime().dbl_click(c);
+        desktop_.sync();
+      });
+      connect(t, &QTableWidget::cellClicked, this, [this, &c](int r, int) {
+        c.grid.row = r + heading_rows(c.grid);
+        desktop_.runtime().click(c);
         desktop_.sync();
       });
       // The arrows move the grid's row as they move the table's.
@@ -438,9 +533,14 @@ void FormWindow::refresh() {
       p.setColor(QPalette::Base, colour(c.back_colour));
       combo->lineEdit()->setPalette(p);
     } else if (auto* list = qobject_cast<QListWidget*>(w)) {
-      list->clear();
-      for (const auto& item : c.items) list->addItem(q(item));
-      list->setCurrentRow(c.list_index);
+      const QSignalBlocker quiet(list);  // the runtime's own choice is no click
+      std::vector<std::string>& shown = shown_items_[control];
+      if (shown != c.items) {
+        list->clear();
+        for (const auto& item : c.items) list->addItem(q(item));
+        shown = c.items;
+      }
+      if (list->currentRow() != c.list_index) list->setCurrentRow(c.list_index);
       // As tall as its items, up to eight rows; a longer list scrolls.
       int rows = std::clamp(static_cast<int>(c.items.size()), 2, 8);
       list->setMaximumHeight(rows * std::max(list->sizeHintForRow(0), list->fontMetrics().height()) +
@@ -448,6 +548,13 @@ void FormWindow::refresh() {
     } else if (auto* button = qobject_cast<QAbstractButton*>(w)) {
       button->setText(q(c.text()));
       button->setChecked(c.checked());
+      // A button or an option in focus shows it as a field does: in the focus colour.
+      QPalette p = button->palette();
+      const QColor back = has_focus ? colour(ui::kFocusColour) : palette().color(QPalette::Button);
+      p.setColor(QPalette::Button, back);
+      p.setColor(QPalette::Window, has_focus ? back : palette().color(QPalette::Window));
+      button->setPalette(p);
+      button->setAutoFillBackground(has_focus && !qobject_cast<QPushButton*>(button));
     } else if (auto* table = dynamic_cast<GridTable*>(w)) {
       const ui::GridCells& g = c.grid;
       // A long list is rebuilt only when its cells changed.
@@ -491,9 +598,9 @@ bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
   if (rt.focused() != &c) rt.set_focus(c);
   if (int code = runtime_key(key->key())) {
     rt.press_key(code, key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier) ? 1 : 0);
-    // The arrows also move a grid's current row, as the old grids did.
+    // The arrows also move a grid's or a list's current row, as the old ones did.
     const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
-    if (arrow && is_table(widget(c))) {
+    if (arrow && (is_table(widget(c)) || c.kind() == ControlKind::ListBox)) {
       desktop_.sync();
       return false;
     }

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+class QGridLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -25,6 +26,8 @@ class FormWindow : public QWidget {
   // Copies the controls' state into the widgets.
   void refresh();
 
+  struct Item;
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   // Keys that reach the window itself: a screen with no field in focus.
@@ -35,9 +38,11 @@ class FormWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  struct Item;
   void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
+  static QGridLayout* fields_in_columns(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
+  static QGridLayout* fields_in_rows(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
   QWidget* make_widget(ui::Control& control);
+  QWidget* with_buttons_beside(QWidget* field, size_t& i);
   static void show_picture(QLabel* label, const std::string& text, int size);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);

@@ -38,6 +38,7 @@ Date to_date(const QDateTime& t) {
 Desktop::Desktop(const ui::Program& program) : program_(program) { program_.register_screens(runtime_); }
 
 Desktop::~Desktop() {
+  ending_ = true;  // windows going away move the focus: nothing is left to bring in line
   windows_.clear();
 }
 
@@ -56,6 +57,7 @@ FormWindow* Desktop::window(const ui::Form& form) const {
 }
 
 void Desktop::sync() {
+  if (ending_) return;
   for (auto& [form, window] : windows_) window->refresh();
   if (in_dialog_) return;
   // The screen the runtime has in front takes the keyboard, also one with no

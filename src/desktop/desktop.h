@@ -59,6 +59,7 @@ class Desktop : public QObject, public ui::Host {
   bool waiting_ = false;
   std::unique_ptr<QLockFile> instance_lock_;
   int in_dialog_ = 0;
+  bool ending_ = false;
   QString printer_;  // chosen in the last printer dialog; empty: the system's default
 };
 

@@ -404,6 +404,9 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
         if (c.on_click) c.on_click();
         desktop_.sync();
       });
+      // The runtime keeps a combo's choice: leaving the field with the text of
+      // an item is no choice of it, as Qt would make it.
+      disconnect(combo->lineEdit(), SIGNAL(editingFinished()), combo, nullptr);
       watch(combo->lineEdit(), c);
       w = combo;
       break;
@@ -527,6 +530,8 @@ void FormWindow::refresh() {
         control->dropped_down = false;  // the request is carried out once
         QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
       }
+      // The arrows move on from the runtime's choice, none at first.
+      if (combo->currentIndex() != c.list_index && c.list_index < combo->count()) combo->setCurrentIndex(c.list_index);
       if (combo->currentText() != q(c.text())) combo->setEditText(q(c.text()));
       select(combo->lineEdit(), c, has_focus);
       QPalette p = combo->lineEdit()->palette();
@@ -598,9 +603,9 @@ bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
   if (rt.focused() != &c) rt.set_focus(c);
   if (int code = runtime_key(key->key())) {
     rt.press_key(code, key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier) ? 1 : 0);
-    // The arrows also move a grid's or a list's current row, as the old ones did.
+    // The arrows also move a grid's or a list's row and a combo's choice, as the old ones did.
     const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
-    if (arrow && (is_table(widget(c)) || c.kind() == ControlKind::ListBox)) {
+    if (arrow && (is_table(widget(c)) || c.kind() == ControlKind::ListBox || c.kind() == ControlKind::ComboBox)) {
       desktop_.sync();
       return false;
     }

@@ -175,5 +175,56 @@ TEST(LargeScreens, StockMovementFitsTheDisplayWithRoomForItsGrid) {
       << "centred over it";
 }
 
+FormWindow* show_active(Desktop& desktop, const char* name) {
+  ui::Form& form = desktop.runtime().show(name);
+  desktop.sync();
+  FormWindow* window = desktop.window(form);
+  window->activateWindow();
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  return window;
+}
+
+void press_in(Desktop& desktop, ui::Control& field, Qt::Key key) {
+  desktop.runtime().set_focus(field);
+  desktop.sync();
+  QTest::keyClick(QApplication::focusWidget(), key);
+}
+
+// The arrows choose in a list and in a combo, as the runtime then sees.
+TEST(Keyboard, ArrowsChooseInListsAndCombos) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  ui::Form& form = show_active(desktop, "BUSCON")->form();
+  ui::Control& kind = form["A26"];
+  press_in(desktop, kind, Qt::Key_Down);
+  EXPECT_EQ(kind.list_index, 1);
+  EXPECT_EQ(kind.text(), "CONTAS A RECEBER");
+  press_in(desktop, kind, Qt::Key_Up);
+  EXPECT_EQ(kind.text(), "CONTAS A PAGAR");
+
+  ui::Control& order = form["Combo1"];
+  ASSERT_GE(order.items.size(), 2u);
+  press_in(desktop, order, Qt::Key_Down);
+  EXPECT_EQ(order.text(), order.items[0]) << "from no choice, Down takes the first";
+  press_in(desktop, order, Qt::Key_Down);
+  EXPECT_EQ(order.text(), order.items[1]);
+}
+
+// "< Busca" after a field searches by that field: it stands beside it, while
+// the buttons that end the screen stay in the bar at its foot.
+TEST(Layout, AFieldsOwnButtonsStandBesideIt) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  FormWindow* window = show_active(desktop, "BUSCON");
+  ui::Form& form = window->form();
+  for (auto [field, button] : {std::pair{"Combo1", "Command1"}, {"Text1", "Command2"}, {"Text2", "Command3"}}) {
+    SCOPED_TRACE(button);
+    QWidget* row = window->widget(form[field])->parentWidget();
+    EXPECT_NE(row, window);
+    EXPECT_EQ(window->widget(form[button])->parentWidget(), row);
+  }
+  EXPECT_EQ(window->widget(form["Volta"])->parentWidget(), window);
+}
+
 }  // namespace
 }  // namespace mz::desktop

@@ -24,6 +24,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <numeric>
 
 #include "core/text.h"
 #include "desktop/desktop.h"
@@ -74,7 +75,9 @@ constexpr int kRowsPerColumn = 16;
 // a row, and leave the height to the grid.
 constexpr int kFieldsPerRowBesideWideItems = 4;
 constexpr int kFieldWidthInRows = 150;
-constexpr int kButtonsPerRow = 10;
+constexpr int kSpacing = 6;  // between widgets, as the style spaces them
+// The display a large screen is laid out for, less the window's margins.
+constexpr int kDisplayWidth = 1366 - 2 * 12;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
 
@@ -138,8 +141,7 @@ struct FormWindow::Item {
 
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
   auto* outer = new QVBoxLayout(this);
-  auto* buttons = new QGridLayout;
-  int bar_buttons = 0;
+  std::vector<QWidget*> bar;
   const auto& controls = form.controls();
 
   // A screen with tabs lays each control on its page; page 0 of a screen
@@ -167,8 +169,6 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
   }
   auto* untabbed = new QVBoxLayout;
   outer->addLayout(untabbed, 1);
-  outer->addLayout(buttons);
-  buttons->setColumnStretch(kButtonsPerRow, 1);  // buttons as wide as their captions, from the left
 
   auto page_of = [&](const ui::Control& c) -> QVBoxLayout* {
     if (pages.empty()) return untabbed;
@@ -198,8 +198,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
       if (pages.empty() || c.page == 0) {
-        buttons->addWidget(make_widget(c), bar_buttons / kButtonsPerRow, bar_buttons % kButtonsPerRow);
-        ++bar_buttons;
+        bar.push_back(make_widget(c));
       }
       else page.push_back({nullptr, make_widget(c), nullptr, false});
       continue;
@@ -267,6 +266,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     page.push_back({nullptr, make_widget(c), nullptr, is_wide(c) || heads_wide, c.kind() == ControlKind::Image});
   }
   for (auto& [page, list] : items) lay_out(page, list);
+  outer->addLayout(button_bar(bar));
   setWindowTitle(q(form.caption));
   refresh();
 }
@@ -308,6 +308,27 @@ void add_pictures(QGridLayout* grid, const std::vector<const FormWindow::Item*>&
 
 }  // namespace
 
+// The buttons at the foot, as wide as their captions, from the left; as
+// many lines as the display's width needs.
+QVBoxLayout* FormWindow::button_bar(const std::vector<QWidget*>& buttons) {
+  auto* bar = new QVBoxLayout;
+  QHBoxLayout* line = nullptr;
+  int used = 0;
+  for (QWidget* button : buttons) {
+    const int width = button->sizeHint().width() + kSpacing;
+    if (!line || used + width > kDisplayWidth) {
+      if (line) line->addStretch();
+      line = new QHBoxLayout;
+      bar->addLayout(line);
+      used = 0;
+    }
+    line->addWidget(button);
+    used += width;
+  }
+  if (line) line->addStretch();
+  return bar;
+}
+
 // Buttons declared right after a field, with more of the screen after them,
 // act on that field ("< Busca", "DETALHES"): they stand beside it rather
 // than in the bar at the foot. `i` moves past the buttons taken.
@@ -324,6 +345,7 @@ QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
   auto* row = new QWidget(this);
   auto* line = new QHBoxLayout(row);
   line->setContentsMargins(0, 0, 0, 0);
+  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
   line->addWidget(field, 1);
   for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
   --i;
@@ -350,35 +372,75 @@ QGridLayout* FormWindow::fields_in_columns(const std::vector<const Item*>& field
   return grid;
 }
 
-// Fields beside a grid or a block: across the page in rows as even as they
-// can be (five fields make a row of three and one of two). A lone line of
-// text, a help line that changes with the focus, stands on a line of its own.
+// Where each field of a run falls in rows of `columns`: its column, or -1
+// for a lone line of text, which stands on a line of its own.
+std::vector<int> FormWindow::row_places(const std::vector<const Item*>& fields, int columns) {
+  std::vector<int> places;
+  int col = 0;
+  for (const Item* item : fields) {
+    if (is_lone_label(*item)) {
+      places.push_back(-1);
+      col = 0;
+      continue;
+    }
+    places.push_back(col);
+    col = (col + 1) % columns;
+  }
+  return places;
+}
+
+// The width rows of `columns` fields take: each column as wide as its widest field.
+int FormWindow::rows_width(const std::vector<const Item*>& fields, int columns) {
+  std::vector<int> widths(static_cast<size_t>(columns), 0);
+  const std::vector<int> places = row_places(fields, columns);
+  for (size_t k = 0; k < fields.size(); ++k) {
+    if (places[k] < 0) continue;
+    const Item& item = *fields[k];
+    int width = std::max(item.field->minimumSizeHint().width(), kFieldWidthInRows) + kSpacing;
+    if (item.caption) width += item.caption->sizeHint().width() + kSpacing;
+    int& column = widths[static_cast<size_t>(places[k])];
+    column = std::max(column, width);
+  }
+  return std::accumulate(widths.begin(), widths.end(), 0);
+}
+
+// Fields beside a grid or a block: across the page in as many columns as the
+// display takes, at most kFieldsPerRowBesideWideItems, in rows as even as
+// they can be (five fields make a row of three and one of two). A lone line
+// of text, a help line that changes with the focus, has a line of its own.
 QGridLayout* FormWindow::fields_in_rows(const std::vector<const Item*>& fields,
                                        const std::vector<const Item*>& pictures) {
   const int count = static_cast<int>(std::count_if(fields.begin(), fields.end(),
                                                    [](const Item* item) { return !is_lone_label(*item); }));
-  const int lines = std::max(1, (count + kFieldsPerRowBesideWideItems - 1) / kFieldsPerRowBesideWideItems);
-  const int columns = std::max(1, (count + lines - 1) / lines);
-  auto* grid = new QGridLayout;
-  grid->setVerticalSpacing(3);
-  int row = 0, col = 0;
-  for (const Item* item : fields) {
-    if (is_lone_label(*item)) {
-      if (col > 0) ++row;
-      grid->addWidget(item->field, row++, 0, 1, columns * 2);
-      col = 0;
-      continue;
-    }
-    if (item->caption) grid->addWidget(item->caption, row, col * 2);
-    grid->addWidget(item->field, row, item->caption ? col * 2 + 1 : col * 2, 1, item->caption ? 1 : 2);
-    grid->setColumnStretch(col * 2 + 1, 1);
-    grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
-    if (++col == columns) {
-      col = 0;
-      ++row;
+  int room = kDisplayWidth;
+  for (const Item* picture : pictures) room -= picture->field->sizeHint().width() + kSpacing;
+  int columns = std::max(1, std::min(count, kFieldsPerRowBesideWideItems));
+  for (; columns > 1; --columns) {
+    const int lines = (count + columns - 1) / columns;
+    const int even = (count + lines - 1) / lines;
+    if (rows_width(fields, even) <= room) {
+      columns = even;
+      break;
     }
   }
-  add_pictures(grid, pictures, columns * 2, row + (col > 0 ? 1 : 0));
+  const std::vector<int> places = row_places(fields, columns);
+  auto* grid = new QGridLayout;
+  grid->setVerticalSpacing(3);
+  int row = -1;
+  for (size_t k = 0; k < fields.size(); ++k) {
+    const Item& item = *fields[k];
+    const int col = places[k];
+    if (col <= 0) ++row;  // a new line
+    if (col < 0) {
+      grid->addWidget(item.field, row, 0, 1, columns * 2);
+      continue;
+    }
+    if (item.caption) grid->addWidget(item.caption, row, col * 2);
+    grid->addWidget(item.field, row, item.caption ? col * 2 + 1 : col * 2, 1, item.caption ? 1 : 2);
+    grid->setColumnStretch(col * 2 + 1, 1);
+    grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
+  }
+  add_pictures(grid, pictures, columns * 2, row + 1);
   return grid;
 }
 
@@ -471,6 +533,9 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       w = new QLabel(this);
       break;
   }
+  // Captions are known before the page is laid out, which measures them.
+  if (auto* label = qobject_cast<QLabel*>(w); label && c.kind() != ControlKind::Image) label->setText(q(c.text()));
+  if (auto* button = qobject_cast<QAbstractButton*>(w)) button->setText(q(c.text()));
   w->setObjectName(q(c.name()));
   if (c.bold) {
     QFont font = w->font();

@@ -40,6 +40,9 @@ class FormWindow : public QWidget {
  private:
   void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
   static QGridLayout* fields_in_columns(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
+  static std::vector<int> row_places(const std::vector<const Item*>& fields, int columns);
+  static int rows_width(const std::vector<const Item*>& fields, int columns);
+  static QVBoxLayout* button_bar(const std::vector<QWidget*>& buttons);
   static QGridLayout* fields_in_rows(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
   QWidget* make_widget(ui::Control& control);
   QWidget* with_buttons_beside(QWidget* field, size_t& i);

@@ -40,6 +40,7 @@ Desktop::Desktop(const ui::Program& program) : program_(program) { program_.regi
 Desktop::~Desktop() {
   ending_ = true;  // windows going away move the focus: nothing is left to bring in line
   windows_.clear();
+  for (const QPointer<FormWindow>& closed : closed_) delete closed.data();  // still waiting for the event loop
 }
 
 void Desktop::start() {
@@ -223,6 +224,8 @@ void Desktop::screen_closed(ui::Form& form) {
   auto it = windows_.find(&form);
   if (it == windows_.end()) return;
   it->second->hide();
+  std::erase_if(closed_, [](const QPointer<FormWindow>& closed) { return closed.isNull(); });
+  closed_.emplace_back(it->second.get());
   it->second.release()->deleteLater();  // the window may be inside its own event
   windows_.erase(it);
 }

@@ -175,6 +175,26 @@ TEST(LargeScreens, StockMovementFitsTheDisplayWithRoomForItsGrid) {
       << "centred over it";
 }
 
+// Every large screen, drawn on the display the shop has, needs no more
+// room than it offers: nothing is cut at the window's edge.
+TEST(LargeScreens, EachFitsTheDisplay) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  for (const char* name : {"ENTRADA", "CONSULTA", "CAIXA", "BUSCAIXA", "Contas", "bxx", "BUSCON", "CONBX", "CONCLIE",
+                           "PRODUTO", "Cadastro", "FORNE", "ETI"}) {
+    SCOPED_TRACE(name);
+    ui::Form& form = desktop.runtime().show(name);
+    desktop.sync();
+    FormWindow* window = desktop.window(form);
+    ASSERT_NE(window, nullptr);
+    const QSize least = window->minimumSizeHint();
+    EXPECT_LE(least.width(), 1366);
+    EXPECT_LE(least.height(), 768 - 30);
+    desktop.runtime().close(name);
+    desktop.sync();
+  }
+}
+
 FormWindow* show_active(Desktop& desktop, const char* name) {
   ui::Form& form = desktop.runtime().show(name);
   desktop.sync();

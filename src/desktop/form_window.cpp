@@ -19,6 +19,7 @@
 #include <QTimer>
 #include <QPlainTextEdit>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTextCursor>
 #include <QFileInfo>
 #include <QVBoxLayout>
@@ -113,6 +114,7 @@ void show_cells(GridTable* table, const ui::GridCells& g) {
       table->setItem(r - heading, col, item);
     }
   table->resizeColumnsToContents();
+  if (table->rowCount() == 0) table->horizontalScrollBar()->setValue(0);  // an emptied grid starts at its left
   // Fitting the columns to their contents undid the stretch of the last one.
   table->horizontalHeader()->setStretchLastSection(false);
   table->horizontalHeader()->setStretchLastSection(true);
@@ -629,9 +631,13 @@ void FormWindow::refresh() {
       const ui::GridCells& g = c.grid;
       // A long list is rebuilt only when its cells changed.
       auto& shown = shown_cells_[control];
-      if (shown.first == g.text && shown.second == g.colour && table->rowCount() == g.rows - heading_rows(g)) continue;
-      shown = {g.text, g.colour};
-      show_cells(table, g);
+      if (shown.first != g.text || shown.second != g.colour || table->rowCount() != g.rows - heading_rows(g)) {
+        shown = {g.text, g.colour};
+        show_cells(table, g);
+      }
+      // A grid in focus shows its current row.
+      if (has_focus && table->rowCount() > 0 && table->currentRow() < 0)
+        table->setCurrentCell(std::clamp(g.row - heading_rows(g), 0, table->rowCount() - 1), 0);
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
       if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
     } else if (c.kind() == ControlKind::Image) {

@@ -9,6 +9,8 @@ namespace mz::desktop {
 
 GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTableView(this)) {
   setEditTriggers(QAbstractItemView::NoEditTriggers);
+  setSelectionBehavior(SelectRows);  // a row is what a double click opens or removes
+  setSelectionMode(SingleSelection);
   setWordWrap(false);
   verticalHeader()->hide();
   horizontalHeader()->setStretchLastSection(true);
@@ -23,6 +25,7 @@ GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTable
   frozen_->setModel(model());
   frozen_->setSelectionModel(selectionModel());
   frozen_->setFocusPolicy(Qt::NoFocus);
+  frozen_->setSelectionBehavior(SelectRows);
   frozen_->setFrameShape(QFrame::NoFrame);
   frozen_->setEditTriggers(QAbstractItemView::NoEditTriggers);
   frozen_->setWordWrap(false);
@@ -105,6 +108,26 @@ void GridTable::snap(int offset) {
   bar->setValue(stop);
   snapping_ = false;
   last_offset_ = bar->value();
+}
+
+// The frozen view never has the focus: it draws its selection as the grid
+// under it draws it, with or without the focus.
+void GridTable::follow_focus() {
+  const QPalette::ColorGroup state = hasFocus() ? QPalette::Active : QPalette::Inactive;
+  QPalette p = frozen_->palette();
+  for (QPalette::ColorRole role : {QPalette::Highlight, QPalette::HighlightedText})
+    p.setColor(QPalette::Inactive, role, palette().color(state, role));
+  frozen_->setPalette(p);
+}
+
+void GridTable::focusInEvent(QFocusEvent* event) {
+  QTableWidget::focusInEvent(event);
+  follow_focus();
+}
+
+void GridTable::focusOutEvent(QFocusEvent* event) {
+  QTableWidget::focusOutEvent(event);
+  follow_focus();
 }
 
 void GridTable::resizeEvent(QResizeEvent* event) {

@@ -20,6 +20,8 @@ class GridTable : public QTableWidget {
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   // Moving along a row never leaves the current cell under the frozen columns.
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
@@ -28,6 +30,7 @@ class GridTable : public QTableWidget {
   int frozen_width() const;
   void place_frozen();
   void snap(int offset);
+  void follow_focus();
 
   QTableView* frozen_;
   int frozen_count_ = 0;

@@ -253,8 +253,12 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     // the figure it names.
     if (is_caption(c) && i + 1 < controls.size()) {
       const ui::Control& next = *controls[i + 1];
-      bool names_figure = next.kind() == ControlKind::Label && (c.text().back() == ':' || c.name() == "L" + next.name());
-      if ((next.kind() != ControlKind::Label || names_figure) && next.kind() != ControlKind::Button &&
+      const bool named_for_next = c.name() == "L" + next.name();
+      const bool names_figure = next.kind() == ControlKind::Label && (c.text().back() == ':' || named_for_next);
+      // Options and check boxes carry their own text: a line before them heads the group.
+      const bool self_captioned = next.kind() == ControlKind::OptionButton || next.kind() == ControlKind::CheckBox;
+      if ((next.kind() != ControlKind::Label || names_figure) && (!self_captioned || named_for_next) &&
+          next.kind() != ControlKind::Button &&
           next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
         QWidget* caption = make_widget(c);
         QWidget* field = make_widget(*controls[++i]);

@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,18 +17,16 @@
 #include <QTableWidget>
 #include <QTimer>
 #include <QPlainTextEdit>
-#include <QRegularExpression>
-#include <QScrollBar>
 #include <QTextCursor>
 #include <QFileInfo>
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <numeric>
 
 #include "core/text.h"
 #include "desktop/desktop.h"
 #include "desktop/grid_table.h"
+#include "desktop/page_layout.h"
 #include "ui/keys.h"
 
 namespace mz::desktop {
@@ -69,59 +66,8 @@ void select(QLineEdit* line, const ui::Control& c, bool focused) {
 
 // A run of this many unlabelled text boxes is a block of size slots.
 constexpr int kSlotBlock = 10;
-// Fields a column holds before a long form flows into another column, so
-// that a card fits a 1366x768 display.
-constexpr int kRowsPerColumn = 16;
-// Beside a block or a grid the fields run across the page, at most this many
-// a row, and leave the height to the grid.
-constexpr int kFieldsPerRowBesideWideItems = 4;
-constexpr int kFieldWidthInRows = 150;
-constexpr int kSpacing = 6;  // between widgets, as the style spaces them
-// The display a large screen is laid out for, less the window's margins.
-constexpr int kDisplayWidth = 1366 - 2 * 12;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
-
-// Row 0 of a grid with a fixed row is its heading: the table's header, which
-// stays in sight as the rows scroll.
-int heading_rows(const ui::GridCells& g) { return g.fixed_rows > 0 ? 1 : 0; }
-
-// A number or an amount ("1.358,40", "-3", "0007"), which a grid aligns to
-// the right as the old grids did; anything else reads from the left.
-bool is_number(const std::string& text) {
-  static const QRegularExpression kNumber(R"(^-?[0-9][0-9.]*(,[0-9]+)?$)");
-  return kNumber.match(q(text)).hasMatch();
-}
-
-void show_cells(GridTable* table, const ui::GridCells& g) {
-  const int heading = heading_rows(g);
-  table->setRowCount(std::max(0, g.rows - heading));
-  table->setColumnCount(g.cols);
-  table->horizontalHeader()->setVisible(heading > 0);
-  if (heading) {
-    QStringList captions;
-    for (int col = 0; col < g.cols; ++col) captions << q(g.cell(0, col));
-    table->setHorizontalHeaderLabels(captions);
-  }
-  QFont bold = table->font();
-  bold.setBold(true);
-  for (int r = heading; r < g.rows; ++r)
-    for (int col = 0; col < g.cols; ++col) {
-      auto* item = new QTableWidgetItem(q(g.cell(r, col)));
-      item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
-      if (r < g.fixed_rows) item->setFont(bold);
-      if (is_number(g.cell(r, col))) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-      table->setItem(r - heading, col, item);
-    }
-  table->resizeColumnsToContents();
-  if (table->rowCount() == 0) table->horizontalScrollBar()->setValue(0);  // an emptied grid starts at its left
-  // Fitting the columns to their contents undid the stretch of the last one.
-  table->horizontalHeader()->setStretchLastSection(false);
-  table->horizontalHeader()->setStretchLastSection(true);
-  // Every grid keeps its first column in sight as it scrolls sideways: the
-  // reference or the name that says what a row is.
-  table->set_frozen_columns(std::max(1, g.fixed_cols));
-}
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
@@ -130,16 +76,6 @@ bool is_wide(const ui::Control& c) {
 }
 
 }  // namespace
-
-// One place on a page: a caption and its field, a lone widget, or a whole
-// block that spans the page's width.
-struct FormWindow::Item {
-  QWidget* caption = nullptr;
-  QWidget* field = nullptr;
-  QLayout* block = nullptr;
-  bool wide = false;
-  bool picture = false;  // an image: beside the fields, spanning their rows
-};
 
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
   auto* outer = new QVBoxLayout(this);
@@ -176,7 +112,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     if (pages.empty()) return untabbed;
     return pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
   };
-  std::map<QVBoxLayout*, std::vector<Item>> items;
+  std::map<QVBoxLayout*, std::vector<PagePlace>> items;
   QMenu* menu = nullptr;
   for (size_t i = 0; i < controls.size(); ++i) {
     ui::Control& c = *controls[i];
@@ -196,7 +132,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       });
       continue;
     }
-    std::vector<Item>& page = items[page_of(c)];
+    std::vector<PagePlace>& page = items[page_of(c)];
     // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
       if (pages.empty() || c.page == 0) {
@@ -271,68 +207,10 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
                       (!controls[i + 1]->block.empty() || is_wide(*controls[i + 1]));
     page.push_back({nullptr, make_widget(c), nullptr, is_wide(c) || heads_wide, c.kind() == ControlKind::Image});
   }
-  for (auto& [page, list] : items) lay_out(page, list);
+  for (auto& [page, list] : items) lay_out_page(page, list);
   outer->addLayout(button_bar(bar));
   setWindowTitle(q(form.caption));
   refresh();
-}
-
-// Runs of fields flow into as many columns as keep a column short, or across
-// the page in rows on a page with a grid or a block; wide items take the
-// whole width between them, and a grid all the height left.
-void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
-  const bool has_wide = std::any_of(list.begin(), list.end(), [](const Item& item) { return item.wide; });
-  for (size_t i = 0; i < list.size();) {
-    if (list[i].wide) {
-      if (list[i].block) page->addLayout(list[i].block);
-      else page->addWidget(list[i].field, is_table(list[i].field) ? 1 : 0);
-      ++i;
-      continue;
-    }
-    size_t end = i;
-    while (end < list.size() && !list[end].wide) ++end;
-    std::vector<const Item*> fields, pictures;
-    for (size_t k = i; k < end; ++k) (list[k].picture ? pictures : fields).push_back(&list[k]);
-    page->addLayout(has_wide ? fields_in_rows(fields, pictures) : fields_in_columns(fields, pictures));
-    i = end;
-  }
-  // A page with no grid to take the height keeps its fields at the top.
-  if (!std::any_of(list.begin(), list.end(), [](const Item& item) { return item.field && is_table(item.field); }))
-    page->addStretch();
-}
-
-namespace {
-
-bool is_lone_label(const FormWindow::Item& item) {
-  return !item.caption && qobject_cast<const QLabel*>(item.field) != nullptr;
-}
-
-void add_pictures(QGridLayout* grid, const std::vector<const FormWindow::Item*>& pictures, int column, int rows) {
-  for (size_t p = 0; p < pictures.size(); ++p)
-    grid->addWidget(pictures[p]->field, 0, column + static_cast<int>(p), std::max(1, rows), 1, Qt::AlignTop);
-}
-
-}  // namespace
-
-// The buttons at the foot, as wide as their captions, from the left; as
-// many lines as the display's width needs.
-QVBoxLayout* FormWindow::button_bar(const std::vector<QWidget*>& buttons) {
-  auto* bar = new QVBoxLayout;
-  QHBoxLayout* line = nullptr;
-  int used = 0;
-  for (QWidget* button : buttons) {
-    const int width = button->sizeHint().width() + kSpacing;
-    if (!line || used + width > kDisplayWidth) {
-      if (line) line->addStretch();
-      line = new QHBoxLayout;
-      bar->addLayout(line);
-      used = 0;
-    }
-    line->addWidget(button);
-    used += width;
-  }
-  if (line) line->addStretch();
-  return bar;
 }
 
 // Buttons declared right after a field, with more of the screen after them,
@@ -356,98 +234,6 @@ QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
   for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
   --i;
   return row;
-}
-
-// A long card: its fields read down columns of at most kRowsPerColumn.
-QGridLayout* FormWindow::fields_in_columns(const std::vector<const Item*>& fields,
-                                          const std::vector<const Item*>& pictures) {
-  const int count = static_cast<int>(fields.size());
-  const int columns = std::max(1, (count + kRowsPerColumn - 1) / kRowsPerColumn);
-  const int rows = std::max(1, (count + columns - 1) / columns);
-  auto* grid = new QGridLayout;
-  grid->setVerticalSpacing(3);
-  add_pictures(grid, pictures, columns * 2, rows);
-  for (int k = 0; k < count; ++k) {
-    const Item& item = *fields[static_cast<size_t>(k)];
-    const int row = k % rows, col = (k / rows) * 2;
-    if (item.caption) grid->addWidget(item.caption, row, col);
-    grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
-    grid->setColumnStretch(col + 1, 1);
-    grid->setColumnMinimumWidth(col + 1, 190);
-  }
-  return grid;
-}
-
-// Where each field of a run falls in rows of `columns`: its column, or -1
-// for a lone line of text, which stands on a line of its own.
-std::vector<int> FormWindow::row_places(const std::vector<const Item*>& fields, int columns) {
-  std::vector<int> places;
-  int col = 0;
-  for (const Item* item : fields) {
-    if (is_lone_label(*item)) {
-      places.push_back(-1);
-      col = 0;
-      continue;
-    }
-    places.push_back(col);
-    col = (col + 1) % columns;
-  }
-  return places;
-}
-
-// The width rows of `columns` fields take: each column as wide as its widest field.
-int FormWindow::rows_width(const std::vector<const Item*>& fields, int columns) {
-  std::vector<int> widths(static_cast<size_t>(columns), 0);
-  const std::vector<int> places = row_places(fields, columns);
-  for (size_t k = 0; k < fields.size(); ++k) {
-    if (places[k] < 0) continue;
-    const Item& item = *fields[k];
-    int width = std::max(item.field->minimumSizeHint().width(), kFieldWidthInRows) + kSpacing;
-    if (item.caption) width += item.caption->sizeHint().width() + kSpacing;
-    int& column = widths[static_cast<size_t>(places[k])];
-    column = std::max(column, width);
-  }
-  return std::accumulate(widths.begin(), widths.end(), 0);
-}
-
-// Fields beside a grid or a block: across the page in as many columns as the
-// display takes, at most kFieldsPerRowBesideWideItems, in rows as even as
-// they can be (five fields make a row of three and one of two). A lone line
-// of text, a help line that changes with the focus, has a line of its own.
-QGridLayout* FormWindow::fields_in_rows(const std::vector<const Item*>& fields,
-                                       const std::vector<const Item*>& pictures) {
-  const int count = static_cast<int>(std::count_if(fields.begin(), fields.end(),
-                                                   [](const Item* item) { return !is_lone_label(*item); }));
-  int room = kDisplayWidth;
-  for (const Item* picture : pictures) room -= picture->field->sizeHint().width() + kSpacing;
-  int columns = std::max(1, std::min(count, kFieldsPerRowBesideWideItems));
-  for (; columns > 1; --columns) {
-    const int lines = (count + columns - 1) / columns;
-    const int even = (count + lines - 1) / lines;
-    if (rows_width(fields, even) <= room) {
-      columns = even;
-      break;
-    }
-  }
-  const std::vector<int> places = row_places(fields, columns);
-  auto* grid = new QGridLayout;
-  grid->setVerticalSpacing(3);
-  int row = -1;
-  for (size_t k = 0; k < fields.size(); ++k) {
-    const Item& item = *fields[k];
-    const int col = places[k];
-    if (col <= 0) ++row;  // a new line
-    if (col < 0) {
-      grid->addWidget(item.field, row, 0, 1, columns * 2);
-      continue;
-    }
-    if (item.caption) grid->addWidget(item.caption, row, col * 2);
-    grid->addWidget(item.field, row, item.caption ? col * 2 + 1 : col * 2, 1, item.caption ? 1 : 2);
-    grid->setColumnStretch(col * 2 + 1, 1);
-    grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
-  }
-  add_pictures(grid, pictures, columns * 2, row + 1);
-  return grid;
 }
 
 QWidget* FormWindow::make_widget(ui::Control& c) {
@@ -637,7 +423,7 @@ void FormWindow::refresh() {
       auto& shown = shown_cells_[control];
       if (shown.first != g.text || shown.second != g.colour || table->rowCount() != g.rows - heading_rows(g)) {
         shown = {g.text, g.colour};
-        show_cells(table, g);
+        table->show_cells(g);
       }
       // A grid in focus shows its current row.
       if (has_focus && table->rowCount() > 0 && table->currentRow() < 0)

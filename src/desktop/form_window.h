@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-class QGridLayout;
 class QLabel;
 class QVBoxLayout;
 
@@ -26,8 +25,6 @@ class FormWindow : public QWidget {
   // Copies the controls' state into the widgets.
   void refresh();
 
-  struct Item;
-
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   // Keys that reach the window itself: a screen with no field in focus.
@@ -38,12 +35,6 @@ class FormWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
-  static QGridLayout* fields_in_columns(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
-  static std::vector<int> row_places(const std::vector<const Item*>& fields, int columns);
-  static int rows_width(const std::vector<const Item*>& fields, int columns);
-  static QVBoxLayout* button_bar(const std::vector<QWidget*>& buttons);
-  static QGridLayout* fields_in_rows(const std::vector<const Item*>& fields, const std::vector<const Item*>& pictures);
   QWidget* make_widget(ui::Control& control);
   QWidget* with_buttons_beside(QWidget* field, size_t& i);
   static void show_picture(QLabel* label, const std::string& text, int size);

@@ -1,11 +1,27 @@
 #include "desktop/grid_table.h"
 
 #include <QHeaderView>
+#include <QRegularExpression>
 #include <QScrollBar>
 
 #include <algorithm>
 
 namespace mz::desktop {
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+// The runtime's colours are blue-green-red, as the screens give them.
+QColor colour(uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
+
+// A number or an amount ("1.358,40", "-3", "0007"), which a grid aligns to
+// the right as the old grids did; anything else reads from the left.
+bool is_number(const std::string& text) {
+  static const QRegularExpression kNumber(R"(^-?[0-9][0-9.]*(,[0-9]+)?$)");
+  return kNumber.match(q(text)).hasMatch();
+}
+
+}  // namespace
 
 GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTableView(this)) {
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -53,6 +69,36 @@ GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTable
   // A double click on the frozen cells is one on the grid's.
   connect(frozen_, &QAbstractItemView::doubleClicked, this,
           [this](const QModelIndex& index) { emit cellDoubleClicked(index.row(), index.column()); });
+}
+
+void GridTable::show_cells(const ui::GridCells& g) {
+  const int heading = heading_rows(g);
+  setRowCount(std::max(0, g.rows - heading));
+  setColumnCount(g.cols);
+  horizontalHeader()->setVisible(heading > 0);
+  if (heading) {
+    QStringList captions;
+    for (int col = 0; col < g.cols; ++col) captions << q(g.cell(0, col));
+    setHorizontalHeaderLabels(captions);
+  }
+  QFont bold = font();
+  bold.setBold(true);
+  for (int r = heading; r < g.rows; ++r)
+    for (int col = 0; col < g.cols; ++col) {
+      auto* item = new QTableWidgetItem(q(g.cell(r, col)));
+      item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
+      if (r < g.fixed_rows) item->setFont(bold);
+      if (is_number(g.cell(r, col))) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      setItem(r - heading, col, item);
+    }
+  resizeColumnsToContents();
+  if (rowCount() == 0) horizontalScrollBar()->setValue(0);  // an emptied grid starts at its left
+  // Fitting the columns to their contents undid the stretch of the last one.
+  horizontalHeader()->setStretchLastSection(false);
+  horizontalHeader()->setStretchLastSection(true);
+  // Every grid keeps its first column in sight as it scrolls sideways: the
+  // reference or the name that says what a row is.
+  set_frozen_columns(std::max(1, g.fixed_cols));
 }
 
 void GridTable::set_frozen_columns(int count) {

@@ -4,11 +4,20 @@
 // sideways, so a wide grid still shows which reference each row is.
 #include <QTableWidget>
 
+#include "ui/control.h"
+
 namespace mz::desktop {
+
+// Row 0 of a grid with a fixed row is its heading: the table's header, which
+// stays in sight as the rows scroll.
+inline int heading_rows(const ui::GridCells& g) { return g.fixed_rows > 0 ? 1 : 0; }
 
 class GridTable : public QTableWidget {
  public:
   explicit GridTable(QWidget* parent);
+
+  // Draws the grid's cells: the heading, the rows, their colours.
+  void show_cells(const ui::GridCells& g);
 
   // The columns that stay in place; 0 lets every column scroll.
   void set_frozen_columns(int count);

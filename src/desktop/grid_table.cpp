@@ -66,7 +66,9 @@ GridTable::GridTable(QWidget* parent) : QTableWidget(parent), frozen_(new QTable
   connect(verticalHeader(), &QHeaderView::sectionResized, this,
           [this](int row, int, int size) { frozen_->setRowHeight(row, size); });
   connect(horizontalScrollBar(), &QAbstractSlider::valueChanged, this, &GridTable::snap);
-  // A double click on the frozen cells is one on the grid's.
+  // A click or a double click on the frozen cells is one on the grid's.
+  connect(frozen_, &QAbstractItemView::clicked, this,
+          [this](const QModelIndex& index) { emit cellClicked(index.row(), index.column()); });
   connect(frozen_, &QAbstractItemView::doubleClicked, this,
           [this](const QModelIndex& index) { emit cellDoubleClicked(index.row(), index.column()); });
 }

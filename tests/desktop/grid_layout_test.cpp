@@ -21,7 +21,7 @@ constexpr int kWideColumns = 55;
 
 // A grid like the stock movement's: a heading row, a fixed reference column
 // and many narrow ones.
-// A double click records the reference of the row it chose in `chosen`.
+// A click or a double click records the reference of the row it chose in `chosen`.
 void register_wide_grid(ui::Runtime& rt, int fixed_cols, std::string* chosen = nullptr) {
   rt.register_screen("LARGA", [fixed_cols, chosen](ui::Runtime& runtime) {
     auto form = std::make_unique<ui::Form>(runtime, "LARGA", "Larga");
@@ -37,6 +37,9 @@ void register_wide_grid(ui::Runtime& rt, int fixed_cols, std::string* chosen = n
     }
     grid.on_dbl_click = [&grid, chosen] {
       if (chosen) *chosen = grid.grid.cell(grid.grid.row, 0);
+    };
+    grid.on_click = [&grid, chosen] {
+      if (chosen) *chosen = "click " + grid.grid.cell(grid.grid.row, 0);
     };
     return form;
   });
@@ -89,10 +92,11 @@ TEST_P(FrozenColumn, ScrollingRightKeepsTheFirstColumnInSight) {
   EXPECT_EQ(corner.x(), table.frameWidth()) << "over the left edge of the grid";
   EXPECT_EQ(frozen->model()->index(2, 0).data().toString(), "0003");
 
-  // A double click on a frozen cell is one on the grid's row, heading counted.
+  // A click and a double click on a frozen cell are the grid's, on its row, heading counted.
   const QModelIndex cell = frozen->model()->index(1, 0);
   const QPoint at = frozen->visualRect(cell).center();
   QTest::mouseClick(frozen->viewport(), Qt::LeftButton, {}, at);  // a double click starts as a click
+  EXPECT_EQ(chosen, "click 0002");
   QTest::mouseDClick(frozen->viewport(), Qt::LeftButton, {}, at);
   EXPECT_EQ(shown.control->grid.row, 2);
   EXPECT_EQ(chosen, "0002");

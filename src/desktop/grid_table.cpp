@@ -95,9 +95,13 @@ void GridTable::show_cells(const ui::GridCells& g) {
     }
   resizeColumnsToContents();
   if (rowCount() == 0) horizontalScrollBar()->setValue(0);  // an emptied grid starts at its left
-  // Fitting the columns to their contents undid the stretch of the last one.
+  // The last column takes the width left, unless it holds figures, which
+  // would then stand far from what they count. Fitting the columns to their
+  // contents undid the stretch.
+  bool figures = false;
+  for (int r = heading; r < g.rows && !figures && g.cols > 0; ++r) figures = is_number(g.cell(r, g.cols - 1));
   horizontalHeader()->setStretchLastSection(false);
-  horizontalHeader()->setStretchLastSection(true);
+  horizontalHeader()->setStretchLastSection(!figures);
   // Every grid keeps its first column in sight as it scrolls sideways: the
   // reference or the name that says what a row is.
   set_frozen_columns(std::max(1, g.fixed_cols));

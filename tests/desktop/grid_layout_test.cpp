@@ -234,6 +234,32 @@ TEST(Keyboard, ArrowsChooseInListsAndCombos) {
   EXPECT_EQ(order.text(), order.items[1]);
 }
 
+// Typing an item's text and leaving is no choice from the list: the screen's
+// click comes only from the list or the arrows.
+TEST(Keyboard, LeavingACombosTypedItemIsNoClick) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  int clicks = 0;
+  desktop.runtime().register_screen("ESCOLHA", [&clicks](ui::Runtime& rt) {
+    auto form = std::make_unique<ui::Form>(rt, "ESCOLHA", "Escolha");
+    ui::Control& combo = form->add("Combo1", ui::ControlKind::ComboBox);
+    combo.items = {"CRÉDITO", "DÉBITO"};
+    combo.on_click = [&clicks] { ++clicks; };
+    form->add("Text1", ui::ControlKind::TextBox);
+    return form;
+  });
+  ui::Form& form = show_active(desktop, "ESCOLHA")->form();
+  desktop.runtime().set_focus(form["Combo1"]);
+  desktop.sync();
+  QTest::keyClicks(QApplication::focusWidget(), "DÉBITO");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_EQ(desktop.runtime().focused(), &form["Text1"]);
+  EXPECT_EQ(clicks, 0);
+  press_in(desktop, form["Combo1"], Qt::Key_Down);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(form["Combo1"].text(), "CRÉDITO");
+}
+
 // "< Busca" after a field searches by that field: it stands beside it, while
 // the buttons that end the screen stay in the bar at its foot.
 TEST(Layout, AFieldsOwnButtonsStandBesideIt) {

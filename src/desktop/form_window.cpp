@@ -135,9 +135,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     std::vector<PagePlace>& page = items[page_of(c)];
     // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      if (pages.empty() || c.page == 0) {
-        bar.push_back(make_widget(c));
-      }
+      if (pages.empty() || c.page == 0) bar.push_back(make_widget(c));
       else page.push_back({nullptr, make_widget(c), nullptr, false});
       continue;
     }

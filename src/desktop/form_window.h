@@ -44,7 +44,7 @@ class FormWindow : public QWidget {
   Desktop& desktop_;
   ui::Form& form_;
   std::map<ui::Control*, QWidget*> widgets_;
-  std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's widget lists
+  std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's or list's widget lists
   std::map<const ui::Control*, std::pair<std::vector<std::string>, std::vector<uint32_t>>> shown_cells_;
   std::map<QObject*, ui::Control*> controls_;
 };

@@ -427,7 +427,11 @@ void FormWindow::refresh() {
       if (has_focus && table->rowCount() > 0 && table->currentRow() < 0)
         table->setCurrentCell(std::clamp(g.row - heading_rows(g), 0, table->rowCount() - 1), 0);
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
-      if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
+      if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) {
+        switching_page_ = true;
+        tabs->setCurrentIndex(c.list_index);
+        switching_page_ = false;
+      }
     } else if (c.kind() == ControlKind::Image) {
       show_picture(static_cast<QLabel*>(w), c.text(), c.picture_size ? c.picture_size : 160);
     } else if (auto* label = qobject_cast<QLabel*>(w)) {
@@ -485,8 +489,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn: {
       // Only these reasons are the user moving; a dialog or a menu is not.
       auto reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
-          reason == Qt::ShortcutFocusReason) {
+      if (!switching_page_ && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
+          reason == Qt::ShortcutFocusReason)) {
         if (desktop_.runtime().focused() != &c) {
           desktop_.runtime().set_focus(c);
           desktop_.sync();

@@ -40,6 +40,7 @@ class FormWindow : public QWidget {
   static void show_picture(QLabel* label, const std::string& text, int size);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);
+  bool switching_page_ = false;
 
   Desktop& desktop_;
   ui::Form& form_;

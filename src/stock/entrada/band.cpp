@@ -92,7 +92,7 @@ void show_reference(ui::Form& f) {
       if (rs[caption_name(n)].text() == "SIM") paint_slot(f, n, kSizeColour);
   }
   // EST. ATUAL looks at the first slot alone, whatever sizes the product uses.
-  f["ES"].set_text(number_text(slot_balances(gr.text())[0]));
+  f["ES"].set_text(number_text(slot_lines(gr.text(), kSlotOneOnly).front().balance));
 }
 
 // Leaving CD or E2 with no reference yet: the product found by that column

@@ -5,13 +5,14 @@
 #include "records/screens.h"
 #include "shell/screens.h"
 #include "finance/screens.h"
+#include "maintenance/screens.h"
 #include "stock/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "IMPEREFE", "Impe",
+const char* const kNotYetBuilt[] = {"TELEFONE", "VENDA",    "IMPEREFE", "Impe",
                                     "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
@@ -59,6 +60,8 @@ ui::Program program() {
     rt.register_screen("BUSCON", finance::make_buscon);
     rt.register_screen("CONBX", finance::make_conbx);
     rt.register_screen("CONCLIE", finance::make_conclie);
+    rt.register_screen("AUTO", maintenance::make_auto);
+    rt.register_screen("REPARA", maintenance::make_repara);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -12,7 +12,7 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"TELEFONE", "VENDA",    "IMPEREFE", "Impe",
+const char* const kNotYetBuilt[] = {"VENDA",    "IMPEREFE",
                                     "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
@@ -62,6 +62,10 @@ ui::Program program() {
     rt.register_screen("CONCLIE", finance::make_conclie);
     rt.register_screen("AUTO", maintenance::make_auto);
     rt.register_screen("REPARA", maintenance::make_repara);
+    rt.register_screen("TELEFONE", maintenance::make_telefone);
+    rt.register_screen("fone", maintenance::make_fone);
+    rt.register_screen("Impe", maintenance::make_impe);
+    rt.register_screen("NAS", maintenance::make_nas);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -44,7 +44,8 @@ void realiza_backup(ui::Runtime& rt, ui::Form& f) {
 void restaura_backup(ui::Runtime& rt, ui::Form& f) {
   const std::string& name = f["Combo1"].text();
   const auto& known = f["Combo1"].items;
-  if (std::find(known.begin(), known.end(), name) == known.end()) return (void)rt.message("Selecione o backup a ser restaurado.");
+  if (std::find(known.begin(), known.end(), name) == known.end())
+    return (void)rt.message("Selecione o backup a ser restaurado.");
   const auto& folder = store::Workspace::folder();
   std::string safety = safety_backup_name(folder, rt.host().now());
   if (rt.message("Deseja restaurar o " + name + "?\nOs dados atuais serão substituídos pelos do backup; antes disso, "

@@ -38,7 +38,7 @@ struct ReportPair {
 
 // Asks whether to preview, then runs the template over `data` by the chosen
 // component; a failed print shows the message of the printing screens.
-void print_rows(ui::Runtime& rt, ReportPair& reports, const std::string& report_file, const std::string& data = "\\Rela.MDB",
-                const std::string& formula = "");
+void print_rows(ui::Runtime& rt, ReportPair& reports, const std::string& report_file,
+                const std::string& data = "\\Rela.MDB", const std::string& formula = "");
 
 }  // namespace mz::maintenance

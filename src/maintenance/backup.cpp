@@ -7,6 +7,7 @@
 #include "core/error.h"
 #include "core/format.h"
 #include "maintenance/files.h"
+#include "store/connection.h"
 #include "store/data_folder.h"
 #include "store/database.h"
 
@@ -24,6 +25,41 @@ std::tuple<std::string, std::string, std::string, std::string> sort_key(const st
   std::string date = name.substr(std::string(kPrefix).size());
   if (date.size() < 10) return {"", "", "", date};
   return {date.substr(6, 4), date.substr(3, 2), date.substr(0, 2), date.substr(10)};
+}
+
+// A file SQLite cannot read (damaged, or no database at all) has no snapshot;
+// a lock that outlasts the patience is no such case.
+bool unreadable(const Error& e) { return e.number() != store::dberr::kLocked; }
+
+// Puts a file in another's place in one rename, so that a crash leaves the
+// old file or the new one. A journal left beside the old file would be
+// played back into the new one, so it goes first.
+void replace_file(const fs::path& from, const fs::path& to) {
+  fs::path incoming = to;
+  incoming += ".restaurando";
+  fs::copy_file(from, incoming, fs::copy_options::overwrite_existing);
+  sync_to_disk(incoming);
+  fs::path journal = to;
+  journal += "-journal";
+  fs::remove(journal);
+  fs::rename(incoming, to);
+  sync_to_disk(to.parent_path());
+}
+
+// The copy of the data a restore replaces: a file that cannot be read is kept
+// as it is rather than stopping the restore that is to mend it.
+void save_before_restore(const fs::path& folder, const std::string& safety) {
+  fs::path target = folder / safety;
+  fs::create_directory(target);
+  for (const std::string& file : database_files(folder)) {
+    try {
+      snapshot_database(folder / file, target / file);
+    } catch (const Error& e) {
+      if (!unreadable(e)) throw;
+      fs::copy_file(folder / file, target / file, fs::copy_options::overwrite_existing);
+    }
+  }
+  for (const std::string& file : report_templates(folder)) fs::copy_file(folder / file, target / file);
 }
 
 }  // namespace
@@ -73,8 +109,17 @@ void restore_backup(const fs::path& folder, const std::string& name, const std::
   if (name.empty() || !fs::is_directory(source)) throw Error(kPathNotFound, "Backup não encontrado: " + name);
   // Our own connections let go, so that nothing cached outlives the old contents.
   store::Workspace::close_all();
-  make_backup(folder, safety);
-  for (const std::string& file : database_files(source)) snapshot_database(source / file, folder / file);
+  save_before_restore(folder, safety);
+  for (const std::string& file : database_files(source)) {
+    // Through SQLite, so that a station reading meanwhile sees the old
+    // contents or the new; a file no longer a database is replaced whole.
+    try {
+      snapshot_database(source / file, folder / file);
+    } catch (const Error& e) {
+      if (!unreadable(e)) throw;
+      replace_file(source / file, folder / file);
+    }
+  }
   for (const std::string& file : report_templates(source))
     fs::copy_file(source / file, folder / file, fs::copy_options::overwrite_existing);
   store::Workspace::close_all();

@@ -114,6 +114,32 @@ TEST(MaintenanceBackup, RestorePutsTheDataBackAsTheyWere) {
   EXPECT_EQ(safety_backup_name(folder.path(), Date::from_ymd_hms(2026, 11, 22, 9, 5, 7)), safety + " (2)");
 }
 
+// The files a restore is for: one damaged in the middle, one that is no
+// database at all, one with a stale journal beside it.
+TEST(MaintenanceBackup, RestoreMendsFilesThatNoLongerRead) {
+  testing::ScratchFolder folder;
+  Workspace::open_database("\\CADA.MDB").execute("Insert into CADA (CODIGO, A1) values ('0001', 'MARIA')");
+  Workspace::open_database("\\TELEFONE.MDB").execute("Insert into TELEFONE (ID, A1) values ('000001', 'ANA')");
+  make_backup(folder.path(), "Backup 21.11.2026");
+  auto before = testing::folder_state(folder.path());
+  Workspace::close_all();
+  std::ofstream(folder.file("cada.db"), std::ios::binary | std::ios::trunc) << "não é um banco de dados";
+  std::ofstream(folder.file("telefone.db-journal"), std::ios::binary) << std::string(1024, '\x11');
+  {
+    std::fstream out(folder.file("caixa.db"), std::ios::in | std::ios::out | std::ios::binary);
+    out << std::string(100, '\xA5');  // the header
+  }
+  EXPECT_NE(testing::folder_state(folder.path()), before);
+
+  restore_backup(folder.path(), "Backup 21.11.2026", "salvos");
+  EXPECT_EQ(testing::folder_state(folder.path()), before);
+  EXPECT_FALSE(fs::exists(folder.file("telefone.db-journal")));
+  EXPECT_EQ(Workspace::open_database("\\CADA.MDB").open_recordset("Select A1 from CADA")[0].text(), "MARIA");
+  // What was there is kept as it was, readable or not.
+  EXPECT_EQ(text_of(folder.path() / "salvos" / "cada.db"), "não é um banco de dados");
+  EXPECT_EQ(database_files(folder.path() / "salvos").size(), before.size());
+}
+
 TEST(MaintenanceBackup, NamesAndOrderOfTheBackupFolders) {
   testing::TempFolder folder;
   EXPECT_EQ(backup_name(Date::from_ymd(2026, 3, 5)), "Backup 05.03.2026");

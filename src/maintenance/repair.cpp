@@ -28,7 +28,13 @@ RepairOutcome repair_database(const fs::path& file) {
 
   SqliteFile original(file, SQLITE_OPEN_READWRITE);
   // Other stations may read but not write until the compacted copy is in place.
-  original.run("BEGIN IMMEDIATE");
+  try {
+    original.run("BEGIN IMMEDIATE");
+  } catch (const Error& e) {
+    // Busy is another station at work; anything else is a file SQLite cannot read.
+    if (e.number() == store::dberr::kLocked) throw;
+    return RepairOutcome::Damaged;
+  }
   if (!original.intact()) {
     original.run("ROLLBACK");
     return RepairOutcome::Damaged;

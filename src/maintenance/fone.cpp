@@ -37,6 +37,7 @@ std::unique_ptr<ui::Form> make_fone(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "fone", "Telefones");
   ui::Form& f = *form;
   ui::Control& text = ui::add_field(f, "TEXT1", ControlKind::TextBox, "Pesquisa:");
+  text.enter_moves_on = true;
   text.on_change = [&f] { narrow(f); };
   for (const auto& [name, caption] : {std::pair{"Option1", "Por nome"}, std::pair{"Option2", "Pelo outro telefone"}}) {
     ui::Control& option = f.add(name, ControlKind::OptionButton, caption);

@@ -113,6 +113,7 @@ std::unique_ptr<ui::Form> make_impe(ui::Runtime& rt) {
   auto form = std::make_unique<ui::Form>(rt, "Impe", "Impressões");
   ui::Form& f = *form;
   ui::Control& options = ui::add_field(f, "Combo1", ControlKind::ComboBox, "Imprimir:");
+  options.enter_moves_on = true;
   for (const Option& o : kOptions) options.items.push_back(o.text);
   auto reports = std::make_shared<ReportPair>(rt);
   f.add("SSCommand7", ControlKind::Button, "&Imprime").on_click = [&rt, &f, reports] { imprime(rt, f, *reports); };

@@ -72,6 +72,7 @@ std::unique_ptr<ui::Form> make_repara(ui::Runtime& rt) {
   ui::add_field(f, "List1", ControlKind::ListBox, "BANCOS DE DADOS REPARADOS:");
   ui::Control& next = ui::add_field(f, "A2", ControlKind::MaskedBox, "PRÓXIMA MANUTENÇÃO:");
   next.mask = "##/##/####";
+  next.enter_moves_on = true;
   f.add("Command3", ControlKind::Button, "&REPARAR").on_click = [&rt, &f] { repair_all(rt, f); };
   f.add("Command4", ControlKind::Button, "&VOLTA").on_click = [&rt] { rt.close("REPARA"); };
   f.on_load = [&rt, &f] {

@@ -127,6 +127,7 @@ std::unique_ptr<ui::Form> make_telefone(ui::Runtime& rt) {
   for (const Search& s : {Search{"Text1", "Pesquisa por nome", "a1"}, Search{"Text2", "Pesquisa por telefone 1", "a5"},
                           Search{"Text3", "Pesquisa por apelido", "a2"}}) {
     ui::Control& box = ui::add_field(f, s.field, ControlKind::TextBox, s.caption);
+    box.enter_moves_on = true;
     box.on_change = [&f, &box, column = s.column] { search(f, column, box.text()); };
   }
   ui::Control& grid = f.add("DBGrid1", ControlKind::BoundGrid);

@@ -15,7 +15,6 @@ namespace mz::maintenance {
 
 namespace fs = std::filesystem;
 
-
 bool skipped_by_repair(const std::string& name) { return ucase(name) == ucase(store::storage_name("NATU.MDB")); }
 
 RepairOutcome repair_database(const fs::path& file) {

@@ -7,6 +7,7 @@
 #include "finance/screens.h"
 #include "maintenance/screens.h"
 #include "stock/screens.h"
+#include "sales/screens.h"
 
 namespace mz::shell {
 namespace {
@@ -66,6 +67,7 @@ ui::Program program() {
     rt.register_screen("fone", maintenance::make_fone);
     rt.register_screen("Impe", maintenance::make_impe);
     rt.register_screen("NAS", maintenance::make_nas);
+    rt.register_screen("vendaimpre", sales::make_vendaimpre);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -82,15 +82,31 @@ void Connection::give_back(const std::string& sql, sqlite3_stmt* stmt) {
   free_[sql].push_back(stmt);
 }
 
-std::optional<ColumnType> Connection::column_type(std::string_view table, std::string_view column) {
+void Connection::attach(const std::filesystem::path& file, const std::string& schema) {
+  std::error_code ec;
+  if (!std::filesystem::is_regular_file(file, ec))
+    throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+  sqlite3_stmt* stmt = nullptr;
+  check(sqlite3_prepare_v2(db_, "ATTACH DATABASE ? AS ?", -1, &stmt, nullptr));
+  sqlite3_bind_text(stmt, 1, file.c_str(), -1, SQLITE_TRANSIENT);
+  sqlite3_bind_text(stmt, 2, schema.c_str(), -1, SQLITE_TRANSIENT);
+  int rc = sqlite3_step(stmt);
+  sqlite3_finalize(stmt);
+  check(rc);
+}
+
+std::optional<ColumnType> Connection::column_type(std::string_view table, std::string_view column,
+                                                  std::string_view schema) {
   std::string t = lower_name(table);
-  auto it = schema_.find(t);
+  std::string in = schema.empty() ? std::string("main") : std::string(schema);
+  auto it = schema_.find(in + "." + t);
   if (it == schema_.end()) {
     std::unordered_map<std::string, ColumnType> columns;
     // Prepared apart from the cache: it runs once per table and is no statement of the system.
     sqlite3_stmt* stmt = nullptr;
-    check(sqlite3_prepare_v2(db_, "SELECT name, type FROM pragma_table_info(?)", -1, &stmt, nullptr));
+    check(sqlite3_prepare_v2(db_, "SELECT name, type FROM pragma_table_info(?, ?)", -1, &stmt, nullptr));
     sqlite3_bind_text(stmt, 1, t.c_str(), static_cast<int>(t.size()), SQLITE_TRANSIENT);
+    sqlite3_bind_text(stmt, 2, in.c_str(), static_cast<int>(in.size()), SQLITE_TRANSIENT);
     int rc;
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
       auto name = reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0));
@@ -99,7 +115,7 @@ std::optional<ColumnType> Connection::column_type(std::string_view table, std::s
     }
     sqlite3_finalize(stmt);
     check(rc);
-    it = schema_.emplace(t, std::move(columns)).first;
+    it = schema_.emplace(in + "." + t, std::move(columns)).first;
   }
   auto col = it->second.find(lower_name(column));
   if (col == it->second.end()) return std::nullopt;

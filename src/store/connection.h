@@ -60,8 +60,14 @@ class Connection {
   // Distinct statements prepared so far (the cache's size).
   size_t prepared_count() const { return prepared_; }
 
-  // The declared type of a column, or nullopt when the table or column is unknown.
-  std::optional<ColumnType> column_type(std::string_view table, std::string_view column);
+  // Another file on this connection, its tables reached as schema.table; a
+  // missing file is Error 3024.
+  void attach(const std::filesystem::path& file, const std::string& schema);
+
+  // The declared type of a column, or nullopt when the table or column is
+  // unknown; schema names an attached file ("" is the connection's own).
+  std::optional<ColumnType> column_type(std::string_view table, std::string_view column,
+                                        std::string_view schema = {});
   void forget_schema() { schema_.clear(); }
 
   // Writes on a connection wait until every cursor on it has read its rows,

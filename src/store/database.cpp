@@ -44,15 +44,19 @@ void step_to_end(Connection& conn, sqlite3_stmt* stmt, std::string_view sql) {
 
 // Binds a translation's literals, each read as the type of the column it
 // is compared with or written into.
-void bind_params(Connection& conn, sqlite3_stmt* stmt, const Translation& t) {
+void bind_params(Connection& conn, sqlite3_stmt* stmt, const Translation& t, const std::string& schema) {
   for (size_t i = 0; i < t.params.size(); ++i) {
     const Parameter& p = t.params[i];
     Value v = p.value;
     if (!p.column.empty() && !t.table.empty()) {
-      if (auto type = conn.column_type(t.table, p.column)) v = to_column_type(v, *type, p.written);
+      if (auto type = conn.column_type(t.table, p.column, schema)) v = to_column_type(v, *type, p.written);
     }
     bind_value(stmt, static_cast<int>(i + 1), v);
   }
+}
+
+Translation translate_for(std::string_view sql, const std::string& schema) {
+  return schema.empty() ? translate(sql) : translate_in_schema(sql, schema);
 }
 
 [[noreturn]] void no_current_record() { throw Error(dberr::kNoCurrentRecord, "Nenhum registro atual."); }
@@ -108,6 +112,24 @@ void Workspace::close_all() {
   registry().clear();
 }
 
+std::shared_ptr<Connection> Workspace::unit_connection(const std::vector<std::filesystem::path>& files) {
+  std::string key = "unit";
+  for (const auto& f : files) key += "|" + f.lexically_normal().string();
+  std::lock_guard lock(registry_mutex);
+  for (const auto& f : files)
+    if (auto it = registry().find(f.lexically_normal().string()); it != registry().end()) it->second->before_write();
+  auto open = [&] {
+    auto conn = std::make_shared<Connection>(files.front());
+    for (size_t i = 1; i < files.size(); ++i) conn->attach(files[i], "f" + std::to_string(i));
+    return conn;
+  };
+  auto& slot = registry()[key];
+  if (!slot) slot = open();
+  // A unit already running on these files keeps its connection; a nested one gets its own.
+  else if (slot.use_count() > 1) return open();
+  return slot;
+}
+
 void abre_base(std::string_view path, Database& database, std::string_view password) {
   std::string connect;
   if (!password.empty()) connect = password[0] == ';' ? std::string(password) : ";Pwd=" + std::string(password);
@@ -125,10 +147,10 @@ size_t Database::prepared_statements() const { return connection().prepared_coun
 
 void Database::execute(std::string_view sql) {
   Connection& conn = connection();
-  Translation t = translate(sql);
+  Translation t = translate_for(sql, schema_);
   conn.before_write();
   StatementLease lease = conn.prepare(t.sql);
-  bind_params(conn, lease.get(), t);
+  bind_params(conn, lease.get(), t, schema_);
   step_to_end(conn, lease.get(), sql);
   if (t.changes_schema) conn.forget_schema();
 }
@@ -162,7 +184,7 @@ struct Recordset::Impl : OpenCursor {
 
   std::shared_ptr<Connection> conn;
   StatementLease lease;
-  std::string table;
+  std::string table;  // as written back: quoted, with its unit's schema
   bool updatable = false;
   int first_column = 0;  // 1 when the hidden row id leads
   std::vector<std::string> names;         // as the select names them
@@ -248,7 +270,7 @@ struct Recordset::Impl : OpenCursor {
   }
 
   void insert_row(const std::vector<size_t>& assigned) {
-    std::string sql = "INSERT INTO " + quoted_name(table);
+    std::string sql = "INSERT INTO " + table;
     if (assigned.empty()) {
       sql += " DEFAULT VALUES";
     } else {
@@ -271,7 +293,7 @@ struct Recordset::Impl : OpenCursor {
   }
 
   void update_row(const std::vector<size_t>& assigned) {
-    std::string sql = "UPDATE " + quoted_name(table) + " SET ";
+    std::string sql = "UPDATE " + table + " SET ";
     for (size_t k = 0; k < assigned.size(); ++k)
       sql += (k ? "," : "") + quoted_name(origin_names[assigned[k]]) + "=?";
     sql += " WHERE rowid=?";
@@ -286,13 +308,13 @@ struct Recordset::Impl : OpenCursor {
 
 Recordset Database::open_recordset(std::string_view sql) {
   Connection& conn = connection();
-  Translation t = translate(sql);
+  Translation t = translate_for(sql, schema_);
   auto impl = std::make_unique<Recordset::Impl>();
   impl->conn = conn_;
   impl->lease = conn.prepare(t.sql);
   sqlite3_stmt* stmt = impl->lease.get();
-  bind_params(conn, stmt, t);
-  impl->table = t.table;
+  bind_params(conn, stmt, t, schema_);
+  impl->table = schema_.empty() ? quoted_name(t.table) : quoted_name(schema_) + "." + quoted_name(t.table);
   impl->updatable = t.updatable;
   impl->first_column = t.updatable ? 1 : 0;
   int count = sqlite3_column_count(stmt);
@@ -444,7 +466,7 @@ void Recordset::delete_current() {
   r.current();
   r.conn->before_write();  // may read further rows: take the row after it
   Impl::Row& row = r.current();
-  std::string sql = "DELETE FROM " + quoted_name(r.table) + " WHERE rowid=?";
+  std::string sql = "DELETE FROM " + r.table + " WHERE rowid=?";
   StatementLease stmt = r.conn->prepare(sql);
   sqlite3_bind_int64(stmt.get(), 1, row.rowid);
   step_to_end(*r.conn, stmt.get(), sql);

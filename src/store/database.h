@@ -14,6 +14,7 @@ namespace mz::store {
 
 class Connection;
 class Recordset;
+class Unit;
 
 // A handle on one database file. Cheap: the file's connection stays open.
 class Database {
@@ -44,10 +45,13 @@ class Database {
 
  private:
   friend class Workspace;
-  Database(std::shared_ptr<Connection> conn, std::string name) : conn_(std::move(conn)), name_(std::move(name)) {}
+  friend class Unit;
+  Database(std::shared_ptr<Connection> conn, std::string name, std::string schema = {})
+      : conn_(std::move(conn)), name_(std::move(name)), schema_(std::move(schema)) {}
   Connection& connection() const;
   std::shared_ptr<Connection> conn_;
   std::string name_;
+  std::string schema_;  // the file's name on a unit's connection; "" on its own
 };
 
 // The single default workspace (DBEngine.Workspaces(0)).
@@ -67,6 +71,11 @@ class Workspace {
   static Database open_trusted(std::string_view path);
   // Closes every connection (before files are copied, repaired or removed).
   static void close_all();
+  // One connection on the files (the first opened, the others attached as
+  // "f1", "f2", ...), kept for the next unit on the same files. This
+  // process's own open reads of them are finished first, so that they
+  // cannot hold up the unit's commit.
+  static std::shared_ptr<Connection> unit_connection(const std::vector<std::filesystem::path>& files);
   // Where the file of an old name lies: "Cada.Mdb" -> <folder>/cada.db.
   static std::filesystem::path file_path(std::string_view path);
 };

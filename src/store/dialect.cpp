@@ -142,7 +142,8 @@ std::optional<std::string> column_name(const Token& t) {
 
 class Translator {
  public:
-  explicit Translator(std::string_view statement) : statement_(statement), tokens_(tokenize(statement)) {}
+  explicit Translator(std::string_view statement, std::string_view schema = {})
+      : statement_(statement), schema_(schema), tokens_(tokenize(statement)) {}
 
   Translation run() {
     classify();
@@ -250,7 +251,7 @@ class Translator {
         else add_param(i, number_literal(t.text));
         return;
       case TokenType::Bracketed:
-        append(t.text);
+        append(in_schema(i));
         return;
       case TokenType::Symbol:
         emit_symbol(i);
@@ -292,13 +293,29 @@ class Translator {
       return;
     }
     if ((u == "LEFT" || u == "RIGHT") && symbol_at(i + 1, "(")) return append("mz_" + tokens_[i].text);
-    append(tokens_[i].text);
+    append(in_schema(i));
     if (u == "SELECT" && out_.updatable && depth_ == 0) {
       append(std::string("rowid AS ") + kRowIdColumn + " ,");
     }
   }
 
+  // A table the statement names, qualified with the unit's schema.
+  std::string in_schema(size_t i) const {
+    if (schema_.empty() || !names_table_at(i)) return tokens_[i].text;
+    return "\"" + std::string(schema_) + "\"." + tokens_[i].text;
+  }
+
+  // After FROM, JOIN, INTO or a leading UPDATE, and each further name of a
+  // FROM list.
+  bool names_table_at(size_t i) const {
+    if (i == 0 || !column_name(tokens_[i])) return false;
+    std::string before = upper(i - 1);
+    if (before == "FROM" || before == "JOIN" || before == "INTO" || (before == "UPDATE" && i == 1)) return true;
+    return i >= 2 && symbol_at(i - 1, ",") && names_table_at(i - 2);
+  }
+
   std::string_view statement_;
+  std::string_view schema_;
   std::vector<Token> tokens_;
   Translation out_;
   std::vector<std::string> insert_columns_;
@@ -315,5 +332,9 @@ class Translator {
 }  // namespace
 
 Translation translate(std::string_view statement) { return Translator(statement).run(); }
+
+Translation translate_in_schema(std::string_view statement, std::string_view schema) {
+  return Translator(statement, schema).run();
+}
 
 }  // namespace mz::store

@@ -34,6 +34,9 @@ struct Translation {
 // Throws Error 3075 on an empty or malformed date literal and on an
 // unterminated string.
 Translation translate(std::string_view statement);
+// The same inside a unit of several files: the tables the statement names
+// are those of the attached file `schema`, whatever the other files hold.
+Translation translate_in_schema(std::string_view statement, std::string_view schema);
 
 // The hidden first column of an updatable select.
 inline constexpr const char* kRowIdColumn = "mz_rowid";

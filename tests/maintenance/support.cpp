@@ -1,5 +1,7 @@
 #include "maintenance/support.h"
 
+#include <sys/wait.h>
+
 #include "maintenance/files.h"
 #include "maintenance/sqlite_file.h"
 

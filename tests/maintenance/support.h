@@ -1,8 +1,12 @@
 #pragma once
-// What the maintenance tests share: a writer in another process, and the
+// What the maintenance tests share: a worker in another process, and the
 // state of every file of a folder to compare before and after.
+#include <signal.h>
 #include <sys/types.h>
+#include <unistd.h>
 
+#include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <map>
 #include <string>
@@ -16,23 +20,6 @@ std::map<std::string, std::vector<std::string>> folder_state(const std::filesyst
 // Forks a process that runs `work` until it is killed; no connection may be
 // open in the caller (they must not cross the fork).
 template <typename Work>
-pid_t fork_worker(Work work);
-
-// Kills and reaps a worker; false when it had already stopped by itself (its work failed).
-bool stop_worker(pid_t pid);
-
-}  // namespace mz::testing
-
-#include <signal.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <cstdio>
-#include <exception>
-
-namespace mz::testing {
-
-template <typename Work>
 pid_t fork_worker(Work work) {
   pid_t pid = fork();
   if (pid != 0) return pid;
@@ -43,5 +30,8 @@ pid_t fork_worker(Work work) {
   }
   _exit(3);  // no test-runner clean-up in the child
 }
+
+// Kills and reaps a worker; false when it had already stopped by itself (its work failed).
+bool stop_worker(pid_t pid);
 
 }  // namespace mz::testing

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "maintenance/customer_lists.h"
+#include "maintenance/hourglass.h"
 #include "maintenance/screens.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
@@ -87,13 +88,16 @@ void imprime(ui::Runtime& rt, ui::Form& f, ReportPair& reports) {
   if (option->labels)
     rt.message(option->rows == Rows::Sender ? kSenderLabelsNotice : kLabelsNotice, ui::Buttons::Ok,
                ui::Icon::Information);
-  switch (option->rows) {
-    case Rows::All: fill_rela(customers("")); break;
-    case Rows::Customer: fill_rela(customers("where CODIGO = " + store::sql_quote(code) + " ")); break;
-    case Rows::Classification: fill_rela(customers("where A26 = " + store::sql_quote(classification) + " ")); break;
-    case Rows::Sender: fill_rela(sender_labels(f)); break;
-    case Rows::None:
-    case Rows::OpensNas: fill_rela({}); break;
+  {
+    Hourglass wait(rt);
+    switch (option->rows) {
+      case Rows::All: fill_rela(customers("")); break;
+      case Rows::Customer: fill_rela(customers("where CODIGO = " + store::sql_quote(code) + " ")); break;
+      case Rows::Classification: fill_rela(customers("where A26 = " + store::sql_quote(classification) + " ")); break;
+      case Rows::Sender: fill_rela(sender_labels(f)); break;
+      case Rows::None:
+      case Rows::OpensNas: fill_rela({}); break;
+    }
   }
   if (option->rows == Rows::None)
     print_rows(rt, reports, option->report, "\\Cada.mdb", "{CADA.CODIGO} = '" + code + "'");

@@ -6,6 +6,7 @@
 #include "core/format.h"
 #include "core/regional.h"
 #include "maintenance/customer_lists.h"
+#include "maintenance/hourglass.h"
 #include "maintenance/screens.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
@@ -50,7 +51,10 @@ std::vector<RelaRow> born_in(const std::string& month, bool keep_date) {
 
 void imprime(ui::Runtime& rt, ui::Form& f, ReportPair& reports, bool letter) {
   rt.message(kLabelsNotice, ui::Buttons::Ok, ui::Icon::Information);
-  fill_rela(born_in(f["MES"].text(), letter));
+  {
+    Hourglass wait(rt);
+    fill_rela(born_in(f["MES"].text(), letter));
+  }
   print_rows(rt, reports, letter ? "\\R4x.rpt" : "\\R4.rpt");
 }
 

@@ -6,14 +6,15 @@
 #include "shell/screens.h"
 #include "finance/screens.h"
 #include "maintenance/screens.h"
-#include "stock/screens.h"
 #include "sales/screens.h"
+#include "sales/venda/lookups.h"
+#include "stock/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"VENDA",    "IMPEREFE",
+const char* const kNotYetBuilt[] = {"Estorno",  "IMPEREFE",
                                     "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
@@ -67,6 +68,9 @@ ui::Program program() {
     rt.register_screen("fone", maintenance::make_fone);
     rt.register_screen("Impe", maintenance::make_impe);
     rt.register_screen("NAS", maintenance::make_nas);
+    rt.register_screen("VENDA", sales::make_venda);
+    rt.register_screen("BNOME", sales::venda::make_bnome);
+    rt.register_screen("fotos", sales::venda::make_fotos);
     rt.register_screen("vendaimpre", sales::make_vendaimpre);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });

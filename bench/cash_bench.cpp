@@ -1,7 +1,7 @@
 // The cash book at shop scale: opening CAIXA over 200,000 cash lines, with
-// the day's lines and the all-time balance (one pass over the index that
-// holds the operation and the value), beside the same questions asked of
-// SQLite by hand.
+// the day's lines and the all-time balance (a sum for each word over the
+// index that holds the operation and the value), beside the same questions
+// asked of SQLite by hand.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>
@@ -65,13 +65,14 @@ void run_cash_benchmarks(const fs::path& folder) {
   });
   Raw caixa(folder / "caixa.db");
   sqlite3_stmt* day = caixa.prepare("SELECT * FROM Cada WHERE A1 = ? ORDER BY codigo");
-  sqlite3_stmt* sums = caixa.prepare(
-      "SELECT sum(iif(A2 COLLATE BINARY = 'Débito', A5, null)), sum(iif(A2 COLLATE BINARY = 'Crédito', A5, null)) "
-      "FROM Cada");
+  sqlite3_stmt* sum = caixa.prepare("SELECT sum(A5) FROM Cada WHERE A2 >= ?1 AND A2 COLLATE BINARY = ?1");
   double raw = median_us(50, [&](int) {
     sqlite3_bind_double(day, 1, today_serial());
     benchmark::DoNotOptimize(all_cells(day));
-    benchmark::DoNotOptimize(all_cells(sums));
+    for (const char* operation : {"Débito", "Crédito"}) {
+      bind_text(sum, 1, operation);
+      benchmark::DoNotOptimize(all_cells(sum));
+    }
   });
   report("opening CAIXA (200,000 cash lines)", program, raw);
 }

@@ -29,6 +29,9 @@ std::string status_is(const char* bx);
 std::string status_and_kind(const char* bx, const std::string& kind);
 
 store::Database accounts();
+// The columns of CADA that the lists show, and with them the ones each
+// screen adds: reading only these keeps a long list quick.
+inline constexpr const char* kListColumns = "D1, D3, D4, D5, D6, D7, D9, CODIGO, PG, VP";
 // Rows of CADA that pass `where`, by `order` and then by control number, so
 // that accounts due on the same day keep one order.
 store::Recordset select_accounts(store::Database& db, const std::string& where, const std::string& order);

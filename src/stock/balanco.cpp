@@ -63,8 +63,7 @@ void read_code(ui::Form& f) {
   const int slot = slot_of(mid(gr.text(), 5, 2));
   if (slot == 0) return;
   f["TP"].set_text(f["A" + std::to_string(slot)].text());
-  const SlotRule this_slot{slot, slot, 0, Gate::None, Listing::All};
-  f["ES"].set_text(quantity_text(slot_lines(reference, this_slot).front().balance));
+  f["ES"].set_text(quantity_text(slot_lines(reference, single_slot(slot)).front().balance));
 }
 
 // A figure of the count: an empty one, as a slot the code did not name

@@ -5,6 +5,7 @@
 #include "records/screens.h"
 #include "shell/screens.h"
 #include "finance/screens.h"
+#include "stock/reports_screens.h"
 #include "stock/screens.h"
 #include "sales/screens.h"
 
@@ -12,8 +13,8 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "IMPEREFE", "Impe",
-                                    "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
+const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "Impe",
+                                    "PEDIDO",   "deve",    "troca",  "balanco",  "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
 }  // namespace
@@ -51,6 +52,8 @@ ui::Program program() {
     rt.register_screen("CONSULTA", stock::make_consulta);
     rt.register_screen("PSEST", stock::make_psest);
     rt.register_screen("ETI", stock::make_eti);
+    rt.register_screen("GRUPOS", stock::make_grupos);
+    rt.register_screen("IMPEREFE", stock::make_imperefe);
     rt.register_screen("CAIXA", finance::make_caixa);
     rt.register_screen("BUSCAIXA", finance::make_buscaixa);
     rt.register_screen("ABRECX", finance::make_abrecx);

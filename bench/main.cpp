@@ -28,6 +28,7 @@ const Area kAreas[] = {
     {"settlement", mz::bench::run_settlement_benchmarks},
     {"account_search", mz::bench::run_account_search_benchmarks},
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
+    {"grupos", mz::bench::run_grupos_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

@@ -69,5 +69,6 @@ void run_accounts_benchmarks(const fs::path& folder);
 void run_settlement_benchmarks(const fs::path& folder);
 void run_account_search_benchmarks(const fs::path& folder);
 void run_sale_posting_benchmarks(const fs::path& folder);
+void run_grupos_benchmarks(const fs::path& folder);
 
 }  // namespace mz::bench

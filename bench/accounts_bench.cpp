@@ -26,7 +26,7 @@ void run_accounts_benchmarks(const fs::path& folder) {
   double program = median_us(200, [&](int) { rt.click(f["Command3"]); });
 
   Raw contas(folder / "contas.db");
-  sqlite3_stmt* day = contas.prepare("SELECT * FROM Cada WHERE D2 = ? AND D1 = ? AND BX = 'F' ORDER BY CODIGO");
+  sqlite3_stmt* day = contas.prepare("SELECT * FROM Cada WHERE D2 = ? AND +D1 = ? AND +BX = 'F' ORDER BY CODIGO");
   const double serial = Date::from_ymd(2025, 6, 15).serial;
   double raw = median_us(200, [&](int) {
     for (const char* operation : {"Receber", "Pagar"}) {

@@ -27,6 +27,7 @@ const Area kAreas[] = {
     {"accounts", mz::bench::run_accounts_benchmarks},
     {"settlement", mz::bench::run_settlement_benchmarks},
     {"account_search", mz::bench::run_account_search_benchmarks},
+    {"venda", mz::bench::run_venda_benchmarks},
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
     {"grupos", mz::bench::run_grupos_benchmarks},
 };

@@ -68,6 +68,7 @@ void run_cash_benchmarks(const fs::path& folder);
 void run_accounts_benchmarks(const fs::path& folder);
 void run_settlement_benchmarks(const fs::path& folder);
 void run_account_search_benchmarks(const fs::path& folder);
+void run_venda_benchmarks(const fs::path& folder);
 void run_sale_posting_benchmarks(const fs::path& folder);
 void run_grupos_benchmarks(const fs::path& folder);
 

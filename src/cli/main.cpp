@@ -1,4 +1,5 @@
-// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT | script FILE... | report TEMPLATE --pdf OUT]
+// mostruz [--pasta DIR] [init DIR | sql FILE STATEMENT | script FILE... | report TEMPLATE --pdf OUT |
+//          backup | restore NAME | repair]
 #include <unistd.h>
 
 #include <ctime>
@@ -12,6 +13,9 @@
 #include "store/database.h"
 #include "store/dialect.h"
 #include "desktop/desktop.h"
+#include "maintenance/backup.h"
+#include "maintenance/files.h"
+#include "maintenance/repair.h"
 #include "print/render.h"
 #include "print/report.h"
 #include "print/spreadsheet.h"
@@ -32,7 +36,8 @@ fs::path program_folder() {
 
 int usage() {
   std::cerr << "uso: mostruz [--pasta PASTA] [init PASTA | sql ARQUIVO \"INSTRUÇÃO\" | script ARQUIVO... |"
-               " report MODELO --pdf|--xlsx SAIDA [--formula \"FÓRMULA\"]]\n";
+               " report MODELO --pdf|--xlsx SAIDA [--formula \"FÓRMULA\"] | backup | restore \"Backup dd.mm.aaaa\" |"
+               " repair]\n";
   return 2;
 }
 
@@ -68,12 +73,55 @@ int run_sql(const std::string& file, const std::string& statement) {
   return 0;
 }
 
-// The machine's date, for the heading of a report printed from here.
-Date local_today() {
+// The machine's clock, for the heading of a report and the name of a backup.
+Date local_now() {
   std::time_t t = std::time(nullptr);
   std::tm local{};
   localtime_r(&t, &local);
-  return Date::from_ymd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+  return Date::from_ymd_hms(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday, local.tm_hour, local.tm_min,
+                            local.tm_sec);
+}
+Date local_today() { return local_now().date_only(); }
+
+// For a scheduled task: the day's backup folder, replaced on the same day.
+int run_backup(const fs::path& folder) {
+  std::string name = maintenance::backup_name(local_today());
+  int count = maintenance::make_backup(folder, name);
+  std::cout << count << " arquivos copiados para " << (fs::absolute(folder) / name).string() << "\n";
+  return 0;
+}
+
+// Puts a backup back after the user's yes; the current data are kept first.
+int run_restore(const fs::path& folder, const std::string& name) {
+  if (!fs::is_directory(folder / name)) {
+    std::cerr << "Backup não encontrado: " << name << "\n";
+    return 1;
+  }
+  std::string safety = maintenance::safety_backup_name(folder, local_now());
+  std::cout << "Restaurar o " << name << "? Os dados atuais serão substituídos; antes disso, serão salvos em \""
+            << safety << "\". (s/n) " << std::flush;
+  std::string answer;
+  std::getline(std::cin, answer);
+  if (answer != "s" && answer != "S" && answer != "sim" && answer != "SIM") {
+    std::cout << "Nada foi alterado.\n";
+    return 1;
+  }
+  maintenance::restore_backup(folder, name, safety);
+  std::cout << "Backup restaurado. Os dados anteriores estão em \"" << safety << "\".\n";
+  return 0;
+}
+
+// Every database file but the one the screen passes over; a damaged file is
+// named and left as it is, and makes the exit status 1.
+int run_repair(const fs::path& folder) {
+  int damaged = 0;
+  for (const std::string& name : maintenance::database_files(folder)) {
+    if (maintenance::skipped_by_repair(name)) continue;
+    bool whole = maintenance::repair_database(folder / name) == maintenance::RepairOutcome::Repaired;
+    std::cout << name << (whole ? ": reparado\n" : ": DANIFICADO, não foi alterado\n");
+    damaged += whole ? 0 : 1;
+  }
+  return damaged ? 1 : 0;
 }
 
 // Renders a template over the data file it names, as a screen would.
@@ -131,6 +179,16 @@ int main(int argc, char** argv) {
       if (args.size() != 3) return usage();
       store::Workspace::set_folder(folder);
       return run_sql(args[1], args[2]);
+    }
+    if (args[0] == "backup" || args[0] == "repair") {
+      if (args.size() != 1) return usage();
+      store::Workspace::set_folder(folder);
+      return args[0] == "backup" ? run_backup(folder) : run_repair(folder);
+    }
+    if (args[0] == "restore") {
+      if (args.size() != 2) return usage();
+      store::Workspace::set_folder(folder);
+      return run_restore(folder, args[1]);
     }
     return usage();
   } catch (const Error& e) {

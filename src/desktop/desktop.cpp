@@ -38,7 +38,9 @@ Date to_date(const QDateTime& t) {
 Desktop::Desktop(const ui::Program& program) : program_(program) { program_.register_screens(runtime_); }
 
 Desktop::~Desktop() {
+  ending_ = true;  // windows going away move the focus: nothing is left to bring in line
   windows_.clear();
+  for (const QPointer<FormWindow>& closed : closed_) delete closed.data();  // still waiting for the event loop
 }
 
 void Desktop::start() {
@@ -56,6 +58,7 @@ FormWindow* Desktop::window(const ui::Form& form) const {
 }
 
 void Desktop::sync() {
+  if (ending_) return;
   for (auto& [form, window] : windows_) window->refresh();
   if (in_dialog_) return;
   // The screen the runtime has in front takes the keyboard, also one with no
@@ -211,13 +214,18 @@ void Desktop::screen_shown(ui::Form& form) {
               area.y() + std::max(0, (area.height() - size.height()) / 2));
     }
   }
-  w->show();
+  const QSize area = QGuiApplication::primaryScreen()->availableGeometry().size();
+  const QSize hint = w->sizeHint();
+  if (w->has_grid() || hint.width() > area.width() || hint.height() > area.height()) w->showMaximized();
+  else w->show();
 }
 
 void Desktop::screen_closed(ui::Form& form) {
   auto it = windows_.find(&form);
   if (it == windows_.end()) return;
   it->second->hide();
+  std::erase_if(closed_, [](const QPointer<FormWindow>& closed) { return closed.isNull(); });
+  closed_.emplace_back(it->second.get());
   it->second.release()->deleteLater();  // the window may be inside its own event
   windows_.erase(it);
 }

@@ -4,11 +4,13 @@
 #include <QDialog>
 #include <QLockFile>
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "ui/runtime.h"
 #include "ui/script_runner.h"
@@ -56,9 +58,11 @@ class Desktop : public QObject, public ui::Host {
   ui::Program program_;
   ui::Runtime runtime_{*this};
   std::map<const ui::Form*, std::unique_ptr<FormWindow>> windows_;
+  std::vector<QPointer<FormWindow>> closed_;  // closed windows until Qt deletes them
   bool waiting_ = false;
   std::unique_ptr<QLockFile> instance_lock_;
   int in_dialog_ = 0;
+  bool ending_ = false;
   QString printer_;  // chosen in the last printer dialog; empty: the system's default
 };
 

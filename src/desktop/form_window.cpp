@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,6 +25,8 @@
 
 #include "core/text.h"
 #include "desktop/desktop.h"
+#include "desktop/grid_table.h"
+#include "desktop/page_layout.h"
 #include "ui/keys.h"
 
 namespace mz::desktop {
@@ -65,12 +66,6 @@ void select(QLineEdit* line, const ui::Control& c, bool focused) {
 
 // A run of this many unlabelled text boxes is a block of size slots.
 constexpr int kSlotBlock = 10;
-// Fields a column holds before a long form flows into another column, so
-// that a card fits a 1366x768 display.
-constexpr int kRowsPerColumn = 16;
-// Beside a block or a grid the fields leave more of the height to it.
-constexpr int kRowsBesideWideItems = 8;
-constexpr int kButtonsPerRow = 8;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
 
@@ -82,20 +77,9 @@ bool is_wide(const ui::Control& c) {
 
 }  // namespace
 
-// One place on a page: a caption and its field, a lone widget, or a whole
-// block that spans the page's width.
-struct FormWindow::Item {
-  QWidget* caption = nullptr;
-  QWidget* field = nullptr;
-  QLayout* block = nullptr;
-  bool wide = false;
-  bool picture = false;  // an image: beside the fields, spanning their rows
-};
-
 FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), form_(form) {
   auto* outer = new QVBoxLayout(this);
-  auto* buttons = new QGridLayout;
-  int bar_buttons = 0;
+  std::vector<QWidget*> bar;
   const auto& controls = form.controls();
 
   // A screen with tabs lays each control on its page; page 0 of a screen
@@ -118,19 +102,17 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     });
     tabs->setObjectName(q(c->name()));
     widgets_[c.get()] = tabs;
-    outer->addWidget(tabs);
+    outer->addWidget(tabs, 1);
     break;
   }
   auto* untabbed = new QVBoxLayout;
-  outer->addLayout(untabbed);
-  outer->addStretch();
-  outer->addLayout(buttons);
+  outer->addLayout(untabbed, 1);
 
   auto page_of = [&](const ui::Control& c) -> QVBoxLayout* {
     if (pages.empty()) return untabbed;
     return pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
   };
-  std::map<QVBoxLayout*, std::vector<Item>> items;
+  std::map<QVBoxLayout*, std::vector<PagePlace>> items;
   QMenu* menu = nullptr;
   for (size_t i = 0; i < controls.size(); ++i) {
     ui::Control& c = *controls[i];
@@ -150,13 +132,10 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       });
       continue;
     }
-    std::vector<Item>& page = items[page_of(c)];
+    std::vector<PagePlace>& page = items[page_of(c)];
     // A button on a later tab belongs to that tab; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      if (pages.empty() || c.page == 0) {
-        buttons->addWidget(make_widget(c), bar_buttons / kButtonsPerRow, bar_buttons % kButtonsPerRow);
-        ++bar_buttons;
-      }
+      if (pages.empty() || c.page == 0) bar.push_back(make_widget(c));
       else page.push_back({nullptr, make_widget(c), nullptr, false});
       continue;
     }
@@ -204,14 +183,20 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       continue;
     }
     // A caption joins the field that follows it on the same page; one that
-    // ends in ":" joins a label too, the figure it names.
+    // ends in ":", or is named for the label after it, joins that label too,
+    // the figure it names.
     if (is_caption(c) && i + 1 < controls.size()) {
       const ui::Control& next = *controls[i + 1];
-      bool names_figure = next.kind() == ControlKind::Label && c.text().back() == ':';
-      if ((next.kind() != ControlKind::Label || names_figure) && next.kind() != ControlKind::Button &&
+      const bool named_for_next = c.name() == "L" + next.name();
+      const bool names_figure = next.kind() == ControlKind::Label && (c.text().back() == ':' || named_for_next);
+      // Options and check boxes carry their own text: a line before them heads the group.
+      const bool self_captioned = next.kind() == ControlKind::OptionButton || next.kind() == ControlKind::CheckBox;
+      if ((next.kind() != ControlKind::Label || names_figure) && (!self_captioned || named_for_next) &&
+          next.kind() != ControlKind::Button &&
           next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
         QWidget* caption = make_widget(c);
-        page.push_back({caption, make_widget(*controls[++i]), nullptr, false});
+        QWidget* field = make_widget(*controls[++i]);
+        page.push_back({caption, with_buttons_beside(field, i), nullptr, false});
         continue;
       }
     }
@@ -220,46 +205,33 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
                       (!controls[i + 1]->block.empty() || is_wide(*controls[i + 1]));
     page.push_back({nullptr, make_widget(c), nullptr, is_wide(c) || heads_wide, c.kind() == ControlKind::Image});
   }
-  for (auto& [page, list] : items) lay_out(page, list);
+  for (auto& [page, list] : items) lay_out_page(page, list);
+  outer->addLayout(button_bar(bar));
   setWindowTitle(q(form.caption));
   refresh();
 }
 
-// Runs of fields flow into as many columns as keep a column short; wide
-// items (grids, blocks) take the whole width between them.
-void FormWindow::lay_out(QVBoxLayout* page, const std::vector<Item>& list) {
-  const bool has_wide = std::any_of(list.begin(), list.end(), [](const Item& item) { return item.wide; });
-  const int rows_per_column = has_wide ? kRowsBesideWideItems : kRowsPerColumn;
-  for (size_t i = 0; i < list.size();) {
-    if (list[i].wide) {
-      if (list[i].block) page->addLayout(list[i].block);
-      else page->addWidget(list[i].field, is_table(list[i].field) ? 1 : 0);
-      ++i;
-      continue;
-    }
-    size_t end = i;
-    while (end < list.size() && !list[end].wide) ++end;
-    std::vector<const Item*> fields, pictures;
-    for (size_t k = i; k < end; ++k) (list[k].picture ? pictures : fields).push_back(&list[k]);
-    const int count = static_cast<int>(fields.size());
-    const int columns = std::max(1, (count + rows_per_column - 1) / rows_per_column);
-    const int rows = std::max(1, (count + columns - 1) / columns);
-    auto* grid = new QGridLayout;
-    grid->setVerticalSpacing(3);
-    for (size_t p = 0; p < pictures.size(); ++p)
-      grid->addWidget(pictures[p]->field, 0, columns * 2 + static_cast<int>(p), rows, 1, Qt::AlignTop);
-    for (int k = 0; k < count; ++k) {
-      const Item& item = *fields[static_cast<size_t>(k)];
-      int row = k % rows, col = (k / rows) * 2;
-      if (item.caption) grid->addWidget(item.caption, row, col);
-      grid->addWidget(item.field, row, item.caption ? col + 1 : col, 1, item.caption ? 1 : 2);
-      grid->setColumnStretch(col + 1, 1);
-      grid->setColumnMinimumWidth(col + 1, 190);
-    }
-    page->addLayout(grid);
-    i = end;
-  }
-  page->addStretch();
+// Buttons declared right after a field, with more of the screen after them,
+// act on that field ("< Busca", "DETALHES"): they stand beside it rather
+// than in the bar at the foot. `i` moves past the buttons taken.
+QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
+  const auto& controls = form_.controls();
+  const ui::Control& owner = *controls[i];
+  if (!owner.is_entry()) return field;
+  size_t end = i + 1;
+  while (end < controls.size() && controls[end]->kind() == ControlKind::Button && controls[end]->page == owner.page)
+    ++end;
+  const bool more_after = end < controls.size() && controls[end]->kind() != ControlKind::Button &&
+                          controls[end]->kind() != ControlKind::MenuItem;
+  if (end == i + 1 || !more_after) return field;
+  auto* row = new QWidget(this);
+  auto* line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
+  line->addWidget(field, 1);
+  for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
+  --i;
+  return row;
 }
 
 QWidget* FormWindow::make_widget(ui::Control& c) {
@@ -284,13 +256,25 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
         if (c.on_click) c.on_click();
         desktop_.sync();
       });
+      // The runtime keeps a combo's choice: leaving the field with the text of
+      // an item is no choice of it, as Qt would make it.
+      disconnect(combo->lineEdit(), SIGNAL(editingFinished()), combo, nullptr);
       watch(combo->lineEdit(), c);
       w = combo;
       break;
     }
-    case ControlKind::ListBox:
-      w = new QListWidget(this);
+    case ControlKind::ListBox: {
+      auto* list = new QListWidget(this);
+      // Choosing an item, by the mouse or the arrows, is the list's click.
+      connect(list, &QListWidget::currentRowChanged, this, [this, &c](int row) {
+        if (row < 0 || row == c.list_index) return;
+        c.set_list_index(row);
+        desktop_.runtime().click(c);
+        desktop_.sync();
+      });
+      w = list;
       break;
+    }
     case ControlKind::OptionButton:
     case ControlKind::CheckBox: {
       QAbstractButton* b = c.kind() == ControlKind::OptionButton ? static_cast<QAbstractButton*>(new QRadioButton(this))
@@ -315,16 +299,22 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
     }
     case ControlKind::Grid:
     case ControlKind::BoundGrid: {
-      auto* t = new QTableWidget(this);
-      t->setEditTriggers(QAbstractItemView::NoEditTriggers);
-      t->horizontalHeader()->hide();
-      t->verticalHeader()->hide();
-      t->setWordWrap(false);
-      t->horizontalHeader()->setStretchLastSection(true);
+      auto* t = new GridTable(this);
       connect(t, &QTableWidget::cellDoubleClicked, this, [this, &c](int r, int) {
-        c.grid.row = r;
+        c.grid.row = r + heading_rows(c.grid);
         desktop_.runtime().dbl_click(c);
         desktop_.sync();
+      });
+      connect(t, &QTableWidget::cellClicked, this, [this, &c](int r, int) {
+        c.grid.row = r + heading_rows(c.grid);
+        desktop_.runtime().click(c);
+        desktop_.sync();
+      });
+      // The arrows move the grid's row as they move the table's.
+      connect(t, &QTableWidget::currentCellChanged, this, [&c](int r, int col, int, int) {
+        if (r < 0) return;
+        c.grid.row = r + heading_rows(c.grid);
+        c.grid.col = col;
       });
       w = t;
       break;
@@ -333,6 +323,9 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
       w = new QLabel(this);
       break;
   }
+  // Captions are known before the page is laid out, which measures them.
+  if (auto* label = qobject_cast<QLabel*>(w); label && c.kind() != ControlKind::Image) label->setText(q(c.text()));
+  if (auto* button = qobject_cast<QAbstractButton*>(w)) button->setText(q(c.text()));
   w->setObjectName(q(c.name()));
   if (c.bold) {
     QFont font = w->font();
@@ -392,15 +385,22 @@ void FormWindow::refresh() {
         control->dropped_down = false;  // the request is carried out once
         QTimer::singleShot(0, combo, [combo] { combo->showPopup(); });
       }
+      // The arrows move on from the runtime's choice, none at first.
+      if (combo->currentIndex() != c.list_index && c.list_index < combo->count()) combo->setCurrentIndex(c.list_index);
       if (combo->currentText() != q(c.text())) combo->setEditText(q(c.text()));
       select(combo->lineEdit(), c, has_focus);
       QPalette p = combo->lineEdit()->palette();
       p.setColor(QPalette::Base, colour(c.back_colour));
       combo->lineEdit()->setPalette(p);
     } else if (auto* list = qobject_cast<QListWidget*>(w)) {
-      list->clear();
-      for (const auto& item : c.items) list->addItem(q(item));
-      list->setCurrentRow(c.list_index);
+      const QSignalBlocker quiet(list);  // the runtime's own choice is no click
+      std::vector<std::string>& shown = shown_items_[control];
+      if (shown != c.items) {
+        list->clear();
+        for (const auto& item : c.items) list->addItem(q(item));
+        shown = c.items;
+      }
+      if (list->currentRow() != c.list_index) list->setCurrentRow(c.list_index);
       // As tall as its items, up to eight rows; a longer list scrolls.
       int rows = std::clamp(static_cast<int>(c.items.size()), 2, 8);
       list->setMaximumHeight(rows * std::max(list->sizeHintForRow(0), list->fontMetrics().height()) +
@@ -408,24 +408,30 @@ void FormWindow::refresh() {
     } else if (auto* button = qobject_cast<QAbstractButton*>(w)) {
       button->setText(q(c.text()));
       button->setChecked(c.checked());
-    } else if (auto* table = qobject_cast<QTableWidget*>(w)) {
+      // A button or an option in focus shows it as a field does: in the focus colour.
+      QPalette p = button->palette();
+      const QColor back = has_focus ? colour(ui::kFocusColour) : palette().color(QPalette::Button);
+      p.setColor(QPalette::Button, back);
+      p.setColor(QPalette::Window, has_focus ? back : palette().color(QPalette::Window));
+      button->setPalette(p);
+      button->setAutoFillBackground(has_focus && !qobject_cast<QPushButton*>(button));
+    } else if (auto* table = dynamic_cast<GridTable*>(w)) {
       const ui::GridCells& g = c.grid;
       // A long list is rebuilt only when its cells changed.
       auto& shown = shown_cells_[control];
-      if (shown.first == g.text && shown.second == g.colour && table->rowCount() == g.rows) continue;
-      shown = {g.text, g.colour};
-      table->setRowCount(g.rows);
-      table->setColumnCount(g.cols);
-      for (int r = 0; r < g.rows; ++r)
-        for (int col = 0; col < g.cols; ++col) {
-          auto* item = new QTableWidgetItem(q(g.cell(r, col)));
-          item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
-          if (r < g.fixed_rows) item->setFont([] { QFont f; f.setBold(true); return f; }());
-          table->setItem(r, col, item);
-        }
-      table->resizeColumnsToContents();
+      if (shown.first != g.text || shown.second != g.colour || table->rowCount() != g.rows - heading_rows(g)) {
+        shown = {g.text, g.colour};
+        table->show_cells(g);
+      }
+      // A grid in focus shows its current row.
+      if (has_focus && table->rowCount() > 0 && table->currentRow() < 0)
+        table->setCurrentCell(std::clamp(g.row - heading_rows(g), 0, table->rowCount() - 1), 0);
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
-      if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) tabs->setCurrentIndex(c.list_index);
+      if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) {
+        switching_page_ = true;
+        tabs->setCurrentIndex(c.list_index);
+        switching_page_ = false;
+      }
     } else if (c.kind() == ControlKind::Image) {
       show_picture(static_cast<QLabel*>(w), c.text(), c.picture_size ? c.picture_size : 160);
     } else if (auto* label = qobject_cast<QLabel*>(w)) {
@@ -451,11 +457,21 @@ void FormWindow::show_picture(QLabel* label, const std::string& text, int size) 
   label->setPixmap(pixmap.scaled(label->size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
+bool FormWindow::has_grid() const {
+  return std::any_of(widgets_.begin(), widgets_.end(), [](const auto& entry) { return is_table(entry.second); });
+}
+
 bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
   ui::Runtime& rt = desktop_.runtime();
   if (rt.focused() != &c) rt.set_focus(c);
   if (int code = runtime_key(key->key())) {
     rt.press_key(code, key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier) ? 1 : 0);
+    // The arrows also move a grid's or a list's row and a combo's choice, as the old ones did.
+    const bool arrow = key->key() == Qt::Key_Up || key->key() == Qt::Key_Down;
+    if (arrow && (is_table(widget(c)) || c.kind() == ControlKind::ListBox || c.kind() == ControlKind::ComboBox)) {
+      desktop_.sync();
+      return false;
+    }
   } else if (!key->text().isEmpty() && key->text()[0].isPrint()) {
     for (char32_t ch : to_u32(key->text().toStdString())) rt.type_char(ch);
   } else {
@@ -473,8 +489,8 @@ bool FormWindow::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn: {
       // Only these reasons are the user moving; a dialog or a menu is not.
       auto reason = static_cast<QFocusEvent*>(event)->reason();
-      if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
-          reason == Qt::ShortcutFocusReason) {
+      if (!switching_page_ && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::MouseFocusReason ||
+          reason == Qt::ShortcutFocusReason)) {
         if (desktop_.runtime().focused() != &c) {
           desktop_.runtime().set_focus(c);
           desktop_.sync();

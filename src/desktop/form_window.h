@@ -20,6 +20,8 @@ class FormWindow : public QWidget {
 
   ui::Form& form() const { return form_; }
   QWidget* widget(const ui::Control& control) const;
+  // A screen with a grid takes the whole display: the grid gets the room.
+  bool has_grid() const;
   // Copies the controls' state into the widgets.
   void refresh();
 
@@ -33,17 +35,17 @@ class FormWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  struct Item;
-  void lay_out(QVBoxLayout* page, const std::vector<Item>& items);
   QWidget* make_widget(ui::Control& control);
+  QWidget* with_buttons_beside(QWidget* field, size_t& i);
   static void show_picture(QLabel* label, const std::string& text, int size);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);
+  bool switching_page_ = false;
 
   Desktop& desktop_;
   ui::Form& form_;
   std::map<ui::Control*, QWidget*> widgets_;
-  std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's widget lists
+  std::map<const ui::Control*, std::vector<std::string>> shown_items_;  // what each combo's or list's widget lists
   std::map<const ui::Control*, std::pair<std::vector<std::string>, std::vector<uint32_t>>> shown_cells_;
   std::map<QObject*, ui::Control*> controls_;
 };

@@ -25,8 +25,8 @@ std::string kind_of(const ui::Form& f) { return f["A26"].text() == "CONTAS A REC
 
 // The open accounts of the period and kind on screen, with `extra` conditions.
 std::string open_where(ui::Runtime& rt, ui::Form& f, const std::string& extra = "") {
-  return searches::due_between(rt, f["A2"], f["A3"], kFirstDay, kLastDay) + " AND " + searches::status_is("A") +
-         " AND D1 = " + store::sql_quote(kind_of(f)) + extra;
+  return searches::due_between(rt, f["A2"], f["A3"], kFirstDay, kLastDay) + " AND " +
+         searches::status_and_kind("A", kind_of(f)) + extra;
 }
 
 void show_accounts(ui::Form& f, const std::string& where, const std::string& order) {

@@ -36,10 +36,14 @@ constexpr Deletion kDeletions[] = {
 
 // The period is that of the due date; `by_party` narrows it to the name in D9.
 void list_settled(ui::Runtime& rt, ui::Form& f, bool by_party) {
-  std::string where = searches::due_between(rt, f["A2"], f["A3"], "01/01/1900", "30/12/2999") + " AND " +
-                      searches::status_is("F") +
-                      " AND D1 = " + store::sql_quote(f["A26"].text() == "CONTAS RECEBIDAS" ? "Receber" : "Pagar");
-  if (by_party) where += " AND D9 = " + store::sql_quote(f["D9"].text());
+  std::string kind = f["A26"].text() == "CONTAS RECEBIDAS" ? "Receber" : "Pagar";
+  std::string where = searches::due_between(rt, f["A2"], f["A3"], "01/01/1900", "30/12/2999") + " AND ";
+  // One party's rows are found by the name; otherwise by status and kind.
+  if (by_party)
+    where += searches::status_is("F") + " AND D1 = " + store::sql_quote(kind) + " AND D9 = " +
+             store::sql_quote(f["D9"].text());
+  else
+    where += searches::status_and_kind("F", kind);
   std::vector<std::vector<std::string>> rows;
   Currency worth, paid;
   store::Database db = searches::accounts();
@@ -71,8 +75,8 @@ void delete_period(ui::Runtime& rt, ui::Form& f) {
     if (rt.message(d.question, ui::Buttons::YesNo, ui::Icon::Question) != ui::Answer::Yes) return;
     std::string from = deletion_bound(rt, f["D1"]), to = deletion_bound(rt, f["D2"]);
     store::Database db = searches::accounts();
-    db.execute("DELETE FROM Cada WHERE D3 between #" + from + "# and #" + to + "# AND " + searches::status_is(d.bx) +
-               " AND D1 = " + store::sql_quote(d.kind));
+    db.execute("DELETE FROM Cada WHERE D3 between #" + from + "# and #" + to + "# AND " +
+               searches::status_and_kind(d.bx, d.kind));
     return;
   }
 }

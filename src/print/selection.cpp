@@ -44,6 +44,20 @@ class Reader {
     i_ = stop + 1;
     return out;
   }
+  // A quoted value runs to the apostrophe that closes the condition: the one
+  // the formula ends after, or that "and" and the next condition follow. The
+  // screens put names in as they stand, so D'Ávila is read whole.
+  std::string quoted() {
+    for (size_t stop = s_.find('\'', i_); stop != std::string_view::npos; stop = s_.find('\'', stop + 1)) {
+      Reader rest(s_.substr(stop + 1));
+      if (rest.done() || (rest.take("and") && rest.take("{"))) {
+        std::string out(s_.substr(i_, stop - i_));
+        i_ = stop + 1;
+        return out;
+      }
+    }
+    fail();
+  }
   int number() {
     blanks();
     size_t start = i_;
@@ -65,7 +79,7 @@ class Reader {
       }
     if (c.op.empty()) fail();
     if (take("'")) {
-      c.value = Value(until('\''));
+      c.value = Value(quoted());
     } else if (take("Date")) {
       expect("(");
       int y = number();

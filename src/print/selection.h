@@ -14,8 +14,8 @@ namespace mz::print {
 
 class Selection {
  public:
-  // Throws Error 3075 on a formula it cannot read, such as a value with an
-  // apostrophe in it, which the screens do not escape.
+  // Throws Error 3075 on a formula it cannot read. A quoted value is taken
+  // whole, apostrophes and all, since the screens do not escape them.
   static Selection parse(std::string_view formula);
 
   // field(column) gives the row's value of a column, by its name without the table.

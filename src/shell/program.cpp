@@ -5,15 +5,17 @@
 #include "records/screens.h"
 #include "shell/screens.h"
 #include "finance/screens.h"
+#include "maintenance/screens.h"
+#include "sales/screens.h"
+#include "sales/venda/lookups.h"
 #include "stock/reports_screens.h"
 #include "stock/screens.h"
-#include "sales/screens.h"
 
 namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "VENDA",    "Impe",
+const char* const kNotYetBuilt[] = {"Estorno",
                                     "PEDIDO",   "deve",    "troca",  "balanco",  "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
@@ -63,6 +65,15 @@ ui::Program program() {
     rt.register_screen("BUSCON", finance::make_buscon);
     rt.register_screen("CONBX", finance::make_conbx);
     rt.register_screen("CONCLIE", finance::make_conclie);
+    rt.register_screen("AUTO", maintenance::make_auto);
+    rt.register_screen("REPARA", maintenance::make_repara);
+    rt.register_screen("TELEFONE", maintenance::make_telefone);
+    rt.register_screen("fone", maintenance::make_fone);
+    rt.register_screen("Impe", maintenance::make_impe);
+    rt.register_screen("NAS", maintenance::make_nas);
+    rt.register_screen("VENDA", sales::make_venda);
+    rt.register_screen("BNOME", sales::venda::make_bnome);
+    rt.register_screen("fotos", sales::venda::make_fotos);
     rt.register_screen("vendaimpre", sales::make_vendaimpre);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/value.h"
+#include "store/collation.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 
@@ -64,8 +65,10 @@ Value reference_sum(const Ledger& ledger, std::string_view reference) {
   return rs[0];
 }
 
-std::map<std::string, Value> sums_by_reference(const Ledger& ledger) {
-  std::map<std::string, Value> sums;
+using Sums = std::map<std::string, Value, ReferenceOrder>;
+
+Sums sums_by_reference(const Ledger& ledger) {
+  Sums sums;
   Recordset rs = Workspace::open_database(ledger.file)
                      .open_recordset(std::string("select REFERENCIA, sum(QTDA) from ") + ledger.table +
                                      " group by REFERENCIA");
@@ -115,12 +118,16 @@ double reference_balance(std::string_view reference) {
   return balance(in, sold, out);
 }
 
-std::map<std::string, double> all_reference_balances() {
-  auto in = sums_by_reference(kInflow);
-  auto sold = sums_by_reference(kSales);
-  auto out = sums_by_reference(kOutflow);
-  std::map<std::string, double> result;
-  auto value_of = [](const std::map<std::string, Value>& sums, const std::string& ref) {
+bool ReferenceOrder::operator()(const std::string& a, const std::string& b) const {
+  return store::compare_text(a, b) < 0;
+}
+
+ReferenceBalances all_reference_balances() {
+  Sums in = sums_by_reference(kInflow);
+  Sums sold = sums_by_reference(kSales);
+  Sums out = sums_by_reference(kOutflow);
+  ReferenceBalances result;
+  auto value_of = [](const Sums& sums, const std::string& ref) {
     auto it = sums.find(ref);
     return it == sums.end() ? Value::null() : it->second;
   };

@@ -12,9 +12,10 @@
 //                                         A1, the rest ungated, zeros left out)
 //   VENDA's pop-up PSEST ................ kSaleSizes (50 slots, each gated by
 //                                         its flag, zeros listed)
-//   GRUPOS "01 a 25" / "26 a 50" ........ a range with every slot gated; the
-//                                         second leaves slot 45 out
-//   balanco ............................. a single slot, no gate
+//   GRUPOS "01 a 25" / "26 a 50" ........ kGroupsFirstHalf / kGroupsSecondHalf
+//                                         (every slot gated; the second leaves
+//                                         slot 45 out)
+//   balanco ............................. single_slot(n), no gate
 //
 // Whole-reference figures (CONSULTA's "VER ESTOQUE DE FILIAIS", the general
 // stock list) go by the stored piece count QTDA of each row instead: see
@@ -56,6 +57,10 @@ struct SlotRule {
 inline constexpr SlotRule kSlotOneOnly{1, 1, 0, Gate::None, Listing::All};
 inline constexpr SlotRule kDetails{1, kSlots, 0, Gate::SlotOneOnly, Listing::NonZero};
 inline constexpr SlotRule kSaleSizes{1, kSlots, 0, Gate::EverySlot, Listing::All};
+inline constexpr SlotRule kGroupsFirstHalf{1, 25, 0, Gate::EverySlot, Listing::All};
+inline constexpr SlotRule kGroupsSecondHalf{26, kSlots, 45, Gate::EverySlot, Listing::All};
+// balanco: the slot named by the scanned code, "01" to "50".
+constexpr SlotRule single_slot(int slot) { return {slot, slot, 0, Gate::None, Listing::All}; }
 
 // A product's size flags, slot n at element n - 1: true where its An of
 // GRUPO is "SIM". A reference not on file has none open.
@@ -75,8 +80,13 @@ std::vector<SlotLine> slot_lines(std::string_view reference, const SlotRule& rul
 std::array<double, kSlots> slot_balances(std::string_view reference);
 // The balance of a reference by the stored piece counts of its rows.
 double reference_balance(std::string_view reference);
+// References as the ledgers' statements match them: in any case spelling.
+struct ReferenceOrder {
+  bool operator()(const std::string& a, const std::string& b) const;
+};
+using ReferenceBalances = std::map<std::string, double, ReferenceOrder>;
 // reference_balance of every reference that has a row in any ledger.
-std::map<std::string, double> all_reference_balances();
+ReferenceBalances all_reference_balances();
 
 // A balance as the screens show it: no thousands separator, a minus sign
 // when negative, decimals only when the quantities had them.

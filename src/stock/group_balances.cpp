@@ -4,7 +4,6 @@
 #include <map>
 #include <set>
 
-#include "core/text.h"
 #include "core/value.h"
 #include "store/sql_text.h"
 
@@ -51,9 +50,9 @@ std::vector<int> gated_slots(const SlotRule& rule, const SizeFlags& flags) {
   return slots;
 }
 
-// The sums of one ledger, by reference in upper case (the ledgers match a
-// reference in any case spelling), each a row of values in `slots` order.
-using Sums = std::map<std::string, std::vector<Value>>;
+// The sums of one ledger by reference (matched in any case spelling, as
+// the ledgers' statements match it), each a row of values in `slots` order.
+using Sums = std::map<std::string, std::vector<Value>, ReferenceOrder>;
 
 Sums slot_sums(const Ledger& ledger, const std::vector<int>& slots, const std::vector<std::string>& references) {
   Sums sums;
@@ -67,7 +66,7 @@ Sums slot_sums(const Ledger& ledger, const std::vector<int>& slots, const std::v
     Recordset rs = db.open_recordset("select REFERENCIA" + columns + " from " + ledger.table +
                                      " where REFERENCIA in (" + list + ") group by REFERENCIA");
     for (; !rs.eof(); rs.move_next()) {
-      std::vector<Value>& row = sums[ucase(rs[0].text())];
+      std::vector<Value>& row = sums[rs[0].text()];
       row.resize(slots.size(), Value::null());
       for (size_t i = 0; i < slots.size(); ++i) row[i] = rs[i + 1];
     }
@@ -94,11 +93,11 @@ std::vector<std::vector<SlotLine>> group_slot_lines(const std::vector<FlaggedRef
   std::vector<std::vector<int>> own_slots;
   std::vector<bool> asked(kSlots + 1, false);
   std::vector<std::string> distinct;
-  std::set<std::string> seen;
+  std::set<std::string, ReferenceOrder> seen;
   for (const FlaggedReference& r : references) {
     own_slots.push_back(gated_slots(rule, r.flags));
     for (int n : own_slots.back()) asked[static_cast<size_t>(n)] = true;
-    if (seen.insert(ucase(r.reference)).second) distinct.push_back(r.reference);
+    if (seen.insert(r.reference).second) distinct.push_back(r.reference);
   }
   std::vector<int> slots;
   std::vector<size_t> column_of(kSlots + 1, 0);
@@ -114,7 +113,7 @@ std::vector<std::vector<SlotLine>> group_slot_lines(const std::vector<FlaggedRef
   Sums sold = slot_sums(kLedgers[1], slots, distinct);
   Sums out = slot_sums(kLedgers[2], slots, distinct);
   for (size_t r = 0; r < references.size(); ++r) {
-    const std::string key = ucase(references[r].reference);
+    const std::string& key = references[r].reference;
     for (int n : own_slots[r]) {
       size_t c = column_of[static_cast<size_t>(n)];
       double value = balance(sum_of(in, key, c), sum_of(sold, key, c), sum_of(out, key, c));

@@ -26,11 +26,6 @@ constexpr int kProductColumns = 4;
 // The grid's columns: the product's, the 25 sizes and a closing blank one.
 constexpr int kGridColumns = kProductColumns + kHalfSlots + 1;
 
-// Each slot of the half that the product opens is asked for, zeros listed.
-constexpr SlotRule kFirstHalf{1, 25, 0, Gate::EverySlot, Listing::All};
-// Slot 45 is never asked for: its column stays empty whatever the stock.
-constexpr SlotRule kSecondHalf{26, 50, 45, Gate::EverySlot, Listing::All};
-
 const std::vector<std::string> kProductHeading = {"Refer. ", "Descrição do produto                        ",
                                                   "Vlr.a vista", "Vlr.a prazo"};
 
@@ -55,7 +50,8 @@ struct Product {
 };
 
 // A line a reference of the group, its size cells empty where the product
-// does not open the slot; `n` counts the references as they are read.
+// does not open the slot (and slot 45 always, which the second half never
+// asks for); `n` counts the references as they are read.
 void fill_half(ui::Runtime& rt, ui::Form& f, const SlotRule& rule) {
   ui::Control& group = f["E1"];
   if (group.text().empty()) {
@@ -139,19 +135,19 @@ std::unique_ptr<ui::Form> make_grupos(ui::Runtime& rt) {
   to_sheet->spreadsheet = true;
   // Each half's own buttons stand together; the first of each pair of
   // print buttons takes the captions of the first half.
-  f.add("Command1", ControlKind::Button, "01 a 25").on_click = [&rt, &f] { fill_half(rt, f, kFirstHalf); };
+  f.add("Command1", ControlKind::Button, "01 a 25").on_click = [&rt, &f] { fill_half(rt, f, kGroupsFirstHalf); };
   f.add("Command3", ControlKind::Button, "< IMPRIMIR TABELA").on_click = [&rt, &f, to_window] {
-    print_table(rt, f, kFirstHalf.first, *to_window);
+    print_table(rt, f, kGroupsFirstHalf.first, *to_window);
   };
   f.add("Command6", ControlKind::Button, "< GERA TABELA EXCEL").on_click = [&rt, &f, to_sheet] {
-    print_table(rt, f, kFirstHalf.first, *to_sheet);
+    print_table(rt, f, kGroupsFirstHalf.first, *to_sheet);
   };
-  f.add("Command2", ControlKind::Button, "26 a 50").on_click = [&rt, &f] { fill_half(rt, f, kSecondHalf); };
+  f.add("Command2", ControlKind::Button, "26 a 50").on_click = [&rt, &f] { fill_half(rt, f, kGroupsSecondHalf); };
   f.add("Command5", ControlKind::Button, "< IMPRIMIR TABELA").on_click = [&rt, &f, to_window] {
-    print_table(rt, f, kSecondHalf.first, *to_window);
+    print_table(rt, f, kGroupsSecondHalf.first, *to_window);
   };
   f.add("Command7", ControlKind::Button, "< GERA TABELA EXCEL").on_click = [&rt, &f, to_sheet] {
-    print_table(rt, f, kSecondHalf.first, *to_sheet);
+    print_table(rt, f, kGroupsSecondHalf.first, *to_sheet);
   };
   f.add("Command4", ControlKind::Button, "VOLTA").on_click = [&rt] { rt.close("GRUPOS"); };
   f.add("n", ControlKind::Label);

@@ -10,6 +10,7 @@
 #include "core/regional.h"
 #include "records/grade.h"
 #include "stock/balance.h"
+#include "stock/entrada/band.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
@@ -18,10 +19,8 @@ namespace mz::stock {
 
 namespace {
 
-// The movement grid: the reference, then one column a slot, then quantity,
-// cost, subtotal and the "Etiq." mark.
-constexpr int kReferenceColumn = 0;
-constexpr int kLabelColumn = 54;
+using band::kLabelColumn;
+using band::kReferenceColumn;
 
 bool marked(const ui::Control& grid, int row) {
   return grid.grid.cols > kLabelColumn && grid.grid.cell(row, kLabelColumn) == "SIM";
@@ -68,23 +67,26 @@ std::vector<LabelRow> label_rows(const ui::Control& grid, const std::vector<Prod
 
 // Like the movement screen's other writes, a statement that fails is passed
 // over and the next one runs.
-void passed_over_on_failure(store::Database& db, const std::string& sql) {
-  ui::resume_style([&] { db.execute(sql); });
-}
-
 void fill_barra(const std::vector<LabelRow>& rows) {
-  using store::sql_quote;
   store::Database barra = store::Workspace::open_database("\\BARRA.Mdb");
   store::Database::Transaction unit(barra);
-  passed_over_on_failure(barra, "delete From BARRA;");
+  ui::resume_style([&] { barra.execute("delete From BARRA;"); });
+  store::Recordset rs = barra.open_recordset("Select * From BARRA order by CONTA");
   for (const LabelRow& row : rows) {
-    std::string values = std::to_string(row.conta) + ", " + sql_quote(row.code) + ", " + sql_quote(row.tipo);
-    if (row.product->found)
-      passed_over_on_failure(barra, "Insert into BARRA (CONTA, CODIGO, TIPO, VALOR, NOME) values (" + values + ", " +
-                                        sql_quote(row.product->price) + ", " + sql_quote(row.product->description) +
-                                        ")");
-    else
-      passed_over_on_failure(barra, "Insert into BARRA (CONTA, CODIGO, TIPO) values (" + values + ")");
+    auto put = [&](const char* column, const std::string& value) { ui::resume_style([&] { rs[column] = Value(value); }); };
+    ui::resume_style([&] { rs.add_new(); });
+    ui::resume_style([&] { rs["CONTA"] = Value(static_cast<double>(row.conta)); });
+    put("CODIGO", row.code);
+    put("TIPO", row.tipo);
+    if (row.product->found) {
+      put("VALOR", row.product->price);
+      put("NOME", row.product->description);
+    }
+    try {
+      rs.update();
+    } catch (const Error&) {
+      rs.cancel_update();  // a row that cannot be written is passed over
+    }
   }
   unit.commit();
 }
@@ -105,7 +107,9 @@ void generate_labels(ui::Runtime& rt, std::string_view ledger_file, const std::s
   for (int r = 1; r < grid.grid.rows; ++r)
     if (marked(grid, r))
       products[static_cast<size_t>(r)] = product(refe, grid.grid.cell(r, kReferenceColumn));
-  fill_barra(label_rows(grid, products, captions));
+  // A BARRA that another station holds is passed over like any failing
+  // statement: ETI opens on the rows the last generation left.
+  ui::resume_style([&] { fill_barra(label_rows(grid, products, captions)); });
   rt.wait_pointer(false);
   rt.show("ETI");
 }

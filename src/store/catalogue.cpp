@@ -138,7 +138,7 @@ std::vector<FileDef> build() {
                    {{"Cada",
                      text({"codigo"}) + date({"A1"}) + text({"A2", "A3", "A4"}) + number({"A5"}) +
                          text({"A6", "PLANO", "NOME"}),
-                     {"codigo", "A1"},
+                     {"codigo", "A1", "A2,A5"},
                      {}}}});
 
   // Access passwords: the one protected file. Empty module passwords leave
@@ -156,7 +156,7 @@ std::vector<FileDef> build() {
                      text({"CODIGO", "D1"}) + date({"D2", "D3"}) + text({"D4"}) + currency({"D5"}) +
                          text({"D6", "D7", "D8", "D9", "D10", "NOME", "GRUPO", "BX"}) + date({"PG"}) +
                          text({"VP", "DVP"}) + number({"G1", "G2"}) + currency({"G3"}),
-                     {"CODIGO", "D3", "D2", "BX", "D9", "D4"},
+                     {"CODIGO", "D3", "D2", "D9", "D4", "BX,D1,D3,CODIGO"},
                      {}}}});
 
   // Dependants, linked to the customer by name.

@@ -5,7 +5,10 @@
 #include <optional>
 
 #include "core/error.h"
+#include "core/text.h"
 #include "core/value.h"
+#include "store/collation.h"
+#include "store/sql_functions.h"
 
 namespace mz::store {
 namespace {
@@ -17,6 +20,7 @@ enum class TokenType { Word, Number, String, Date, Symbol, Bracketed };
 struct Token {
   TokenType type;
   std::string text;  // as written (strings and dates: the content)
+  bool range_bound = false;  // a bound of a prefix range: bound as text, as it stands
 };
 
 bool is_word_start(unsigned char c) { return std::isalpha(c) || c == '_' || c >= 0x80; }
@@ -140,10 +144,121 @@ std::optional<std::string> column_name(const Token& t) {
   return std::nullopt;
 }
 
+// ---- A prefix Like as an index range
+//
+// "E2 Like 'CAMI*'" matches the texts that begin with CAMI in any case. Under
+// our collation those texts lie between CAMI and the least text above them,
+// so the statement also says so and SQLite walks the index on the column
+// instead of every row. The Like stays as the filter, so the rows are the
+// same ones.
+
+// The text before the final stars of a pattern with no other wild card.
+std::optional<std::string> pure_prefix(const std::string& pattern) {
+  size_t end = pattern.find_last_not_of('*');
+  if (end == std::string::npos || end + 1 == pattern.size()) return std::nullopt;
+  std::string prefix = pattern.substr(0, end + 1);
+  if (prefix.find_first_of("*?#[]") != std::string::npos) return std::nullopt;
+  return prefix;
+}
+
+// Whether the collation ranks every spelling Like takes for the same text
+// (upper and lower case) where it ranks the text itself: only then do the
+// matches lie together. It holds for every letter but a few, such as "ÿ",
+// whose capital sorts apart.
+bool ranks_all_cases_together(std::string_view prefix) {
+  return text_equal(prefix, ucase(prefix)) && text_equal(prefix, lcase(prefix));
+}
+
+// A text that a numeric column would read as a number compares as one; a
+// bound that begins so is not made.
+bool may_read_as_number(std::string_view prefix) {
+  auto c = static_cast<unsigned char>(prefix.front());
+  return std::isdigit(c) || std::isspace(c) || c == '+' || c == '-' || c == '.';
+}
+
+// The least text above every text that begins with prefix: the prefix with
+// its last character raised to the first one that sorts after it (after all
+// its accented forms and whatever may follow it). None when nothing sorts
+// after the prefix.
+std::optional<std::string> past_prefix(std::string_view prefix) {
+  std::u32string chars = to_u32(prefix);
+  while (!chars.empty()) {
+    char32_t last = chars.back();
+    chars.pop_back();
+    std::string head = to_utf8(chars);
+    std::string highest = head + to_utf8(std::u32string{last, U'\U0010FFFF'});
+    for (char32_t c = last + 1; c <= 0x10FFFF && c <= last + 0x400; ++c) {
+      if (c >= 0xD800 && c <= 0xDFFF) continue;
+      std::string candidate = head + to_utf8(std::u32string(1, c));
+      if (compare_text(candidate, highest) > 0) return candidate;
+    }
+  }
+  return std::nullopt;
+}
+
+// The tokens of a column reference ending at `last` ("E2", "grupo.E2",
+// "[E2]"): its first token, or none.
+std::optional<size_t> column_start(const std::vector<Token>& tokens, size_t last) {
+  auto is_name = [](const Token& t) {
+    return t.type == TokenType::Bracketed || (t.type == TokenType::Word && !is_keyword(upper_ascii(t.text)));
+  };
+  if (!is_name(tokens[last])) return std::nullopt;
+  if (last >= 2 && tokens[last - 1].type == TokenType::Symbol && tokens[last - 1].text == "." && is_name(tokens[last - 2]))
+    return last - 2;
+  return last;
+}
+
+bool word_is(const Token& t, std::initializer_list<const char*> words) {
+  if (t.type != TokenType::Word) return false;
+  std::string u = upper_ascii(t.text);
+  return std::any_of(words.begin(), words.end(), [&](const char* w) { return u == w; });
+}
+
+bool symbol_is(const Token& t, const char* s) { return t.type == TokenType::Symbol && t.text == s; }
+
+// "col Like 'p*'" standing alone as a condition becomes
+// "(col >= 'p' COLLATE MZ AND col < 'q' COLLATE MZ AND col Like 'p*')".
+std::vector<Token> with_prefix_ranges(std::vector<Token> tokens) {
+  for (size_t i = 1; i + 1 < tokens.size(); ++i) {
+    if (!word_is(tokens[i], {"LIKE"}) || tokens[i + 1].type != TokenType::String) continue;
+    auto prefix = pure_prefix(tokens[i + 1].text);
+    if (!prefix || may_read_as_number(*prefix) || !ranks_all_cases_together(*prefix)) continue;
+    auto start = column_start(tokens, i - 1);
+    if (!start || *start == 0) continue;
+    const Token& before = tokens[*start - 1];
+    if (!symbol_is(before, "(") && !word_is(before, {"WHERE", "AND", "OR", "NOT"})) continue;
+    if (i + 2 < tokens.size()) {
+      const Token& after = tokens[i + 2];
+      if (!symbol_is(after, ")") && !symbol_is(after, ";") && !word_is(after, {"AND", "OR", "ORDER", "GROUP"})) continue;
+    }
+    std::vector<Token> column(tokens.begin() + static_cast<long>(*start), tokens.begin() + static_cast<long>(i));
+    std::vector<Token> range{{TokenType::Symbol, "("}};
+    auto bound = [&](const char* op, const std::string& text) {
+      range.insert(range.end(), column.begin(), column.end());
+      range.push_back({TokenType::Symbol, op});
+      range.push_back({TokenType::String, text, true});
+      range.push_back({TokenType::Word, "COLLATE"});
+      range.push_back({TokenType::Word, kCollation});
+      range.push_back({TokenType::Word, "AND"});
+    };
+    bound(">=", *prefix);
+    if (auto past = past_prefix(*prefix)) bound("<", *past);
+    range.insert(range.end(), column.begin(), column.end());
+    range.push_back(tokens[i]);
+    range.push_back(tokens[i + 1]);
+    range.push_back({TokenType::Symbol, ")"});
+    size_t next = *start + range.size();
+    tokens.erase(tokens.begin() + static_cast<long>(*start), tokens.begin() + static_cast<long>(i + 2));
+    tokens.insert(tokens.begin() + static_cast<long>(*start), range.begin(), range.end());
+    i = next - 1;
+  }
+  return tokens;
+}
+
 class Translator {
  public:
   explicit Translator(std::string_view statement, std::string_view schema = {})
-      : statement_(statement), schema_(schema), tokens_(tokenize(statement)) {}
+      : statement_(statement), schema_(schema), tokens_(with_prefix_ranges(tokenize(statement))) {}
 
   Translation run() {
     classify();
@@ -206,7 +321,7 @@ class Translator {
   }
 
   void add_param(size_t i, Value value) {
-    Parameter p{std::move(value), target_column(i), false};
+    Parameter p{std::move(value), tokens_[i].range_bound ? std::string() : target_column(i), false};
     p.written = (out_.kind == StatementKind::Insert && in_values_) || (out_.kind == StatementKind::Update && in_set_);
     out_.params.push_back(std::move(p));
     append("?");

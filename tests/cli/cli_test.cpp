@@ -3,6 +3,8 @@
 #include <sys/wait.h>
 
 #include <cstdio>
+#include <ctime>
+#include <filesystem>
 #include <fstream>
 
 #include "support/pdf_reader.h"
@@ -22,8 +24,9 @@ std::string quoted(const std::string& s) {
   return q + "'";
 }
 
-Result mostruz(const std::vector<std::string>& args) {
-  std::string cmd = quoted(MOSTRUZ_EXE);
+// `input` is what the user types at a question.
+Result mostruz(const std::vector<std::string>& args, const std::string& input = "") {
+  std::string cmd = "printf %s " + quoted(input) + " | " + quoted(MOSTRUZ_EXE);
   for (const auto& a : args) cmd += " " + quoted(a);
   FILE* pipe = popen((cmd + " 2>&1").c_str(), "r");
   std::string out;
@@ -96,6 +99,62 @@ TEST(Cli, ReportRendersATemplateOverItsOwnDataFile) {
   EXPECT_TRUE(std::filesystem::exists(xlsx));
   EXPECT_EQ(mostruz({"report", "NENHUM.rpt", "--pdf", pdf, "--pasta", dir}).out.rfind("Erro 20504", 0), 0u);
   EXPECT_EQ(mostruz({"report", "LISTA.rpt", "--pasta", dir}).status, 2) << "an output is required";
+}
+
+// The day's backup folder name, as the machine's clock gives it.
+std::string todays_backup() {
+  std::time_t t = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&t, &local);
+  char name[32];
+  std::strftime(name, sizeof name, "Backup %d.%m.%Y", &local);
+  return name;
+}
+
+TEST(Cli, BackupRestoreAndRepairForAScheduledTask) {
+  testing::TempFolder folder;
+  const std::string dir = folder.path().string();
+  ASSERT_EQ(mostruz({"init", dir}).status, 0);
+  ASSERT_EQ(mostruz({"sql", "CADA.MDB", "Insert into CADA (CODIGO, A1) values ('0001', 'D''ÁVILA')", "--pasta", dir})
+                .status, 0);
+  const std::string name = todays_backup();
+  Result backup = mostruz({"backup", "--pasta", dir});
+  EXPECT_EQ(backup.status, 0);
+  EXPECT_NE(backup.out.find(" arquivos copiados para "), std::string::npos) << backup.out;
+  EXPECT_NE(backup.out.find(name + "\n"), std::string::npos) << backup.out;
+  EXPECT_TRUE(std::filesystem::exists(folder.path() / name / "cada.db"));
+
+  ASSERT_EQ(mostruz({"sql", "CADA.MDB", "Delete from CADA", "--pasta", dir}).status, 0);
+  const std::string count = "SELECT count(*) FROM CADA";
+  struct Case {
+    std::vector<std::string> args;
+    std::string input;
+    int status;
+    std::string out;    // a part of what is printed
+    std::string after;  // the customers' count afterwards
+  };
+  const std::vector<Case> cases = {
+      {{"restore", "Backup 01.01.2001", "--pasta", dir}, "s\n", 1, "Backup não encontrado", "0"},
+      {{"restore", name, "--pasta", dir}, "n\n", 1, "Nada foi alterado.", "0"},
+      {{"restore", name, "--pasta", dir}, "", 1, "Nada foi alterado.", "0"},
+      {{"restore", name, "--pasta", dir}, "s\n", 0, "Backup restaurado.", "1"},
+      {{"repair", "--pasta", dir}, "", 0, "cada.db: reparado\n", "1"},
+      {{"restore", "--pasta", dir}, "", 2, "uso:", "1"},
+      {{"backup", "extra", "--pasta", dir}, "", 2, "uso:", "1"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.args[0] + " " + c.input);
+    Result r = mostruz(c.args, c.input);
+    EXPECT_EQ(r.status, c.status) << r.out;
+    EXPECT_NE(r.out.find(c.out), std::string::npos) << r.out;
+    EXPECT_EQ(mostruz({"sql", "CADA.MDB", count, "--pasta", dir}).out, c.after + "\n");
+  }
+  // The data the restore replaced were saved first, and the customer is whole.
+  EXPECT_EQ(mostruz({"sql", "CADA.MDB", "SELECT A1 FROM CADA", "--pasta", dir}).out, "D'ÁVILA\n");
+  int safety_copies = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.path()))
+    safety_copies += entry.path().filename().string().find("antes da restauração") != std::string::npos;
+  EXPECT_EQ(safety_copies, 1);
 }
 
 }  // namespace

@@ -236,7 +236,7 @@ TEST_F(PrintReport, FaultsOfTemplateAndDataAreErrors) {
   EXPECT_EQ(error_number([&] { run("NAOEXISTE.rpt"); }), kBadTemplate);
   EXPECT_EQ(error_number([&] { run("U.rpt"); }), kBadTemplate);
   EXPECT_NE(error_number([&] { run("T.rpt"); }), 0);
-  EXPECT_EQ(error_number([&] { run("U.rpt", "{RECI.CODIGO} = 'D'Ávila'"); }), 3075);
+  EXPECT_EQ(error_number([&] { run("U.rpt", "{RECI.CODIGO} = 'D'Ávila"); }), 3075);
 }
 
 TEST_F(PrintReport, TheDataFolderCopyWinsOverTheShippedOne) {

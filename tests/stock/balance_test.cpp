@@ -51,6 +51,8 @@ TEST(StockBalance, EntriesLessSalesAndExits) {
        "0004", {{2, 5}, {50, -1}}, 4},
       {"fractions pass through", {{"ENTRA.MDB", "ENTRA", "0006", 1, "1,5"}, {"VENDA.MDB", "VENDA", "0006", 1, "0,25"}},
        "0006", {{1, 1.25}}, 1.25},
+      {"a reference in another case spelling is the same",
+       {{"ENTRA.MDB", "ENTRA", "ab1", 2, "5"}, {"VENDA.MDB", "VENDA", "AB1", 2, "1"}}, "Ab1", {{2, 4}}, 4},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.what);
@@ -105,7 +107,6 @@ TEST(StockBalance, EachScreenAsksItsOwnSlots) {
   post("SAI.MDB", "ENTRA", "0001", 3, "1");
   post("ENTRA.MDB", "ENTRA", "0001", 45, "6");
   post("VENDA.MDB", "VENDA", "0001", 30, "1");
-  const SlotRule second_half{26, kSlots, 45, Gate::EverySlot, Listing::All};
   const SlotRule all_ungated{26, kSlots, 45, Gate::None, Listing::NonZero};
   struct Case {
     const char* what;
@@ -117,7 +118,9 @@ TEST(StockBalance, EachScreenAsksItsOwnSlots) {
       {"slot 1 alone, whatever the flags", "0001", kSlotOneOnly, {{1, 4}}},
       {"slot 1 closed, other slots ungated, zeros left out", "0001", kDetails, {{3, 7}, {30, -1}, {45, 6}}},
       {"each slot by its flag, zeros listed", "0001", kSaleSizes, {{2, 0}, {3, 7}}},
-      {"a range with slot 45 never asked", "0001", second_half, {}},
+      {"the first half by the flags", "0001", kGroupsFirstHalf, {{2, 0}, {3, 7}}},
+      {"the second half with slot 45 never asked", "0001", kGroupsSecondHalf, {}},
+      {"one slot, whatever the flags", "0001", single_slot(45), {{45, 6}}},
       {"the range ungated", "0001", all_ungated, {{30, -1}}},
       {"a reference not on file opens no size", "0009", kSaleSizes, {}},
       {"a reference not on file under slot 1 alone", "0009", kSlotOneOnly, {{1, 0}}},

@@ -1,7 +1,10 @@
 // F4 on a movement: the rows BARRA gets from the grid, and when it gets none.
 #include <gtest/gtest.h>
 
+#include <sqlite3.h>
+
 #include "labels_movement.h"
+#include "store/connection.h"
 
 namespace mz::stock {
 namespace {
@@ -79,6 +82,44 @@ TEST(LabelsGeneration, AnOrderReadsItsOwnLedger) {
   fx.lay_out({{"0007", {{1, "1"}}}});
   generate_labels(fx.rt, "\\SAI.MDB", "00000004", fx.grid);
   EXPECT_EQ(fx.barra("CODIGO"), std::vector<std::string>{"*000701*"});
+}
+
+// Another station in the middle of writing BARRA, for the life of the object;
+// the program waits on it only briefly.
+class HeldBarra {
+ public:
+  explicit HeldBarra(const std::filesystem::path& file) {
+    sqlite3_open(file.c_str(), &db_);
+    sqlite3_exec(db_, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr);
+  }
+  ~HeldBarra() {
+    sqlite3_exec(db_, "ROLLBACK", nullptr, nullptr, nullptr);
+    sqlite3_close(db_);
+  }
+
+ private:
+  sqlite3* db_ = nullptr;
+};
+
+struct BriefLockWait {
+  BriefLockWait() { store::Connection::set_lock_timeout_ms(50); }
+  ~BriefLockWait() { store::Connection::set_lock_timeout_ms(2000); }
+};
+
+TEST(LabelsGeneration, ABarraHeldByAnotherStationIsPassedOver) {
+  BriefLockWait brief;
+  LabelFixture fx;
+  LabelFixture::record("\\ENTRA.MDB", "00000005");
+  LabelFixture::sql("\\BARRA.MDB", "Insert into BARRA (CONTA, CODIGO) values (1, '*999999*')");
+  fx.lay_out({{"0007", {{1, "2"}}}});
+  {
+    HeldBarra other(fx.folder.file("barra.db"));
+    generate_labels(fx.rt, "\\ENTRA.MDB", "00000005", fx.grid);
+  }
+  EXPECT_EQ(fx.messages(), std::vector<std::string>{kReminder});
+  EXPECT_TRUE(fx.rt.is_shown("ETI"));
+  EXPECT_FALSE(fx.host.waiting);
+  EXPECT_EQ(fx.barra("CODIGO"), std::vector<std::string>{"*999999*"});
 }
 
 }  // namespace

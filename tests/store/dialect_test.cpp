@@ -64,7 +64,7 @@ TEST(StoreDialect, KnowsWhereEachLiteralGoes) {
       {"Insert into X (A, B) values ('1' & 'x', 5)", {"", "", "B"}, {true, true, true}, "X", false},
       {"update Cada set BX = 'F' where CODIGO = '000001'", {"BX", "CODIGO"}, {true, false}, "Cada", false},
       {"SELECT* FROM Cada where D3 BETWEEN #1/1/2026# AND #1/31/2026#", {"D3", "D3"}, {false, false}, "Cada", true},
-      {"Select * From grupo Where (grupo.E1 Like 'CAM*')", {"E1"}, {false}, "grupo", true},
+      {"Select * From grupo Where (grupo.E1 Like 'CAM*')", {"", "", "E1"}, {false, false, false}, "grupo", true},
       {"Select max(GR) from GRUPO", {}, {}, "GRUPO", false},
   };
   for (const auto& c : cases) {

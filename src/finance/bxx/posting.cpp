@@ -36,6 +36,14 @@ void put(store::Recordset& rs, const char* column, const Value& value) {
   ui::resume_style([&] { rs[column] = value; });
 }
 
+// An indexed column that already holds the value is left as it is: writing
+// it again would rewrite its index entries, and the commit would write more.
+void keep_or_put(store::Recordset& rs, const char* column, const Value& value) {
+  Value stored = rs[column].value();
+  if (!stored.is_null() && stored.text() == value.text()) return;
+  put(rs, column, value);
+}
+
 std::string field_date(const ui::Form& f, const char* name) { return format(Value(f[name].text()), "##/##/####"); }
 
 // The row becomes the payment: its issue date and amount are those of the payment.
@@ -43,13 +51,14 @@ bool settle_row(store::Database& db, const ui::Form& f) {
   store::Recordset rs = account_row(db, f["NN"].text());
   if (rs.eof()) return false;
   rs.edit();
-  put(rs, "CODIGO", f["NN"].text());
-  put(rs, "D1", f["D1"].text());
+  keep_or_put(rs, "CODIGO", f["NN"].text());
+  keep_or_put(rs, "D1", f["D1"].text());
   put(rs, "D2", ui::column_value(field_date(f, "PG")));
-  put(rs, "D3", ui::column_value(field_date(f, "D3")));
-  put(rs, "D4", f["D4"].text());
+  keep_or_put(rs, "D3", ui::column_value(field_date(f, "D3")));
+  keep_or_put(rs, "D4", f["D4"].text());
   put(rs, "D5", ui::column_value(f["VP"].text()));
-  for (const char* name : {"D6", "D7", "D9"}) put(rs, name, f[name].text());
+  for (const char* name : {"D6", "D7"}) put(rs, name, f[name].text());
+  keep_or_put(rs, "D9", f["D9"].text());
   put(rs, "D8", "");
   put(rs, "D10", "");
   put(rs, "BX", "F");

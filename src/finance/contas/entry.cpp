@@ -193,9 +193,9 @@ void record(ui::Runtime& rt, ui::Form& f) {
       if (!rs.eof()) add_to_day(f, rs);
     }
     note_inclusion();
-    rt.wait_pointer(false);
     included = true;
   });
+  rt.wait_pointer(false);  // also after "Operação não realizada."
   if (!included) return;
   rt.message("Inclusão realizada com sucesso.");
   clear_entry(rt, f);

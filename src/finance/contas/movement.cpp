@@ -25,13 +25,14 @@ std::vector<std::string> grid_row(store::Recordset& rs) {
 }
 
 // The settled rows of one operation on one day, in the order of their
-// control numbers, through the indexes on D2 and BX.
+// control numbers. A day holds few rows: the index on D2 finds them, and the
+// status and the operation are only checked on each (the "+").
 Currency settled_rows(store::Database& db, const char* operation, Date day,
                       std::vector<std::vector<std::string>>& rows) {
   Currency total;
   store::Recordset rs = db.open_recordset("Select * From Cada where D2 = #" + format(Value(day), "mm/dd/yyyy") +
-                                          "# and D1 = " + store::sql_quote(operation) +
-                                          " and BX = 'F' order by Codigo");
+                                          "# and +D1 = " + store::sql_quote(operation) +
+                                          " and +BX = 'F' order by Codigo");
   for (; !rs.eof(); rs.move_next()) {
     rows.push_back(grid_row(rs));
     if (!rs["D5"].value().is_null()) total = total + rs["D5"].value().to_currency();

@@ -30,10 +30,15 @@ std::string due_between(ui::Runtime& rt, ui::Control& from, ui::Control& to, con
 
 std::string status_is(const char* bx) { return "+BX = " + store::sql_quote(bx); }
 
+std::string status_and_kind(const char* bx, const std::string& kind) {
+  return "BX = " + store::sql_quote(bx) + " AND D1 = " + store::sql_quote(kind);
+}
+
 store::Database accounts() { return store::Workspace::open_database("\\Contas.Mdb"); }
 
 store::Recordset select_accounts(store::Database& db, const std::string& where, const std::string& order) {
-  return db.open_recordset("SELECT* FROM Cada WHERE " + where + " ORDER BY " + order + ", CODIGO");
+  return db.open_recordset(std::string("SELECT ") + kListColumns + " FROM Cada WHERE " + where + " ORDER BY " + order +
+                           ", CODIGO");
 }
 
 std::string list_amount(const Value& amount) {

@@ -24,8 +24,14 @@ std::string due_between(ui::Runtime& rt, ui::Control& from, ui::Control& to, con
 // "BX = ..." that leaves the choice of index to the other conditions: open
 // and settled split the table in halves, while a period or a name picks few.
 std::string status_is(const char* bx);
+// "BX = ... AND D1 = ...": beside a period of due dates, the index on
+// (BX, D1, D3, CODIGO) finds exactly the rows, already in the list's order.
+std::string status_and_kind(const char* bx, const std::string& kind);
 
 store::Database accounts();
+// The columns of CADA that the lists show, and with them the ones each
+// screen adds: reading only these keeps a long list quick.
+inline constexpr const char* kListColumns = "D1, D3, D4, D5, D6, D7, D9, CODIGO, PG, VP";
 // Rows of CADA that pass `where`, by `order` and then by control number, so
 // that accounts due on the same day keep one order.
 store::Recordset select_accounts(store::Database& db, const std::string& where, const std::string& order);

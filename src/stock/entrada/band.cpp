@@ -35,8 +35,15 @@ Currency amount(const std::string& text) { return text.empty() ? Currency{} : Va
 
 std::string money(const Currency& value) { return format(Value(value), "###,##0.00"); }
 
+// A box gives its tint up to the focus colour while it is entered; the
+// caption over it keeps the tint to give back (a caption shows no colour).
+void paint_slot(ui::Form& f, int n, uint32_t colour) {
+  f[slot_name(n)].back_colour = colour;
+  f[caption_name(n)].back_colour = colour;
+}
+
 void paint_slots(ui::Form& f, uint32_t colour) {
-  for (int n = 1; n <= kSlots; ++n) f[slot_name(n)].back_colour = colour;
+  for (int n = 1; n <= kSlots; ++n) paint_slot(f, n, colour);
 }
 
 // QUANTIDADE: the sum of what the boxes hold.
@@ -82,10 +89,10 @@ void show_reference(ui::Form& f) {
     f["E7"].set_text(rs["E7"].text());
     f["CD"].set_text(rs["E3"].text());
     for (int n = 1; n <= kSlots; ++n)
-      if (rs[caption_name(n)].text() == "SIM") f[slot_name(n)].back_colour = kSizeColour;
+      if (rs[caption_name(n)].text() == "SIM") paint_slot(f, n, kSizeColour);
   }
   // EST. ATUAL looks at the first slot alone, whatever sizes the product uses.
-  f["ES"].set_text(number_text(slot_balances(gr.text())[0]));
+  f["ES"].set_text(number_text(slot_lines(gr.text(), kSlotOneOnly).front().balance));
 }
 
 // Leaving CD or E2 with no reference yet: the product found by that column
@@ -136,9 +143,11 @@ void add_band(ui::Runtime& rt, ui::Form& f, int page) {
   ui::Control& e2 = ui::add_field(f, "E2", ControlKind::ComboBox, "DESCRIÇÃO");
   // Each size caption stands over its box.
   for (int n = 1; n <= kSlots; ++n) {
-    f.add(caption_name(n), ControlKind::Label).block = "grade";
+    ui::Control& caption = f.add(caption_name(n), ControlKind::Label);
+    caption.block = "grade";
     ui::Control& slot = f.add(slot_name(n), ControlKind::TextBox);
     slot.block = "grade";
+    slot.on_lost_focus = [&slot, &caption] { slot.back_colour = caption.back_colour; };
     slot.on_key_press = [](int& key) {
       bool digit = key >= '0' && key <= '9';
       if (!digit && key != ui::key::kBackspace && key != ui::key::kEnter) key = 0;

@@ -30,6 +30,7 @@ const Area kAreas[] = {
     {"venda", mz::bench::run_venda_benchmarks},
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
     {"balanco", mz::bench::run_balanco_benchmarks},
+    {"grupos", mz::bench::run_grupos_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

@@ -8,6 +8,7 @@
 #include "maintenance/screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
+#include "stock/reports_screens.h"
 #include "stock/screens.h"
 #include "stock/stocktake_screens.h"
 
@@ -15,9 +16,8 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"Estorno",  "IMPEREFE",
-                                    "PEDIDO",   "troca",   "GRUPOS",   "Impecon",
-                                    "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
+const char* const kNotYetBuilt[] = {"Estorno", "PEDIDO",   "troca",    "Impecon", "IMPECON2",
+                                    "IMPECON4", "Prod", "BUSVENDA"};
 
 }  // namespace
 
@@ -56,6 +56,8 @@ ui::Program program() {
     rt.register_screen("ETI", stock::make_eti);
     rt.register_screen("balanco", stock::make_balanco);
     rt.register_screen("deve", stock::make_deve);
+    rt.register_screen("GRUPOS", stock::make_grupos);
+    rt.register_screen("IMPEREFE", stock::make_imperefe);
     rt.register_screen("CAIXA", finance::make_caixa);
     rt.register_screen("BUSCAIXA", finance::make_buscaixa);
     rt.register_screen("ABRECX", finance::make_abrecx);

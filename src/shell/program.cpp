@@ -7,6 +7,7 @@
 #include "finance/screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
+#include "stock/pedido.h"
 #include "stock/screens.h"
 
 namespace mz::shell {
@@ -14,7 +15,7 @@ namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
 const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "Estorno",  "IMPEREFE", "Impe",
-                                    "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
+                                    "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 
 }  // namespace
@@ -49,6 +50,7 @@ ui::Program program() {
     rt.register_screen("FORNE", stock::make_forne);
     rt.register_screen("FORNECOD", stock::make_fornecod);
     rt.register_screen("ENTRADA", stock::make_entrada);
+    rt.register_screen("PEDIDO", stock::make_pedido);
     rt.register_screen("CONSULTA", stock::make_consulta);
     rt.register_screen("PSEST", stock::make_psest);
     rt.register_screen("ETI", stock::make_eti);

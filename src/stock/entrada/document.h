@@ -30,7 +30,7 @@ struct Header {
   std::string total;   // TOTAL, as shown
   // An order's heading (NR, TL, DES, the addresses, the size captions...),
   // column by column, repeated on every row too.
-  std::vector<std::pair<std::string, std::string>> more;
+  std::vector<std::pair<std::string, std::string>> more{};
   // A movement keeps each line's label choice in ET; an order has none.
   bool with_labels = true;
 };

@@ -75,12 +75,14 @@ void add_heading(ui::Runtime& rt, ui::Form& f, std::function<void()> leaving_num
   ee3.on_lost_focus = [&f] { look_up_customer(f); };
   ui::add_field(f, "EE4", ControlKind::TextBox, "NR.PEDIDO");
   ui::add_field(f, "EE5", ControlKind::ComboBox, "REPRESENTANTE");
-  for (const ui::FieldEntry& field : kAddressFields) ui::add_field(f, field);
+  for (const ui::FieldEntry& field : kAddressFields) {
+    ui::add_field(f, field);
+    // The payment forms are kept beside their list.
+    if (field.name == "B21")
+      f.add("Command4", ControlKind::Button, "F5").on_click = [&rt, &f] { maintain_payment_forms(rt, f); };
+  }
   f["B23"].multi_line = true;
   f["B24"].items = {kOpen, kInvoiced};
-  f.add("Command4", ControlKind::Button, "F5 - Formas de pagamento").on_click = [&rt, &f] {
-    maintain_payment_forms(rt, f);
-  };
   for (size_t i = first; i < f.controls().size(); ++i) f.controls()[i]->page = kHeadingPage;
 }
 

@@ -1,7 +1,6 @@
 #include "stock/pedido/order.h"
 
 #include "core/format.h"
-#include "core/regional.h"
 #include "stock/entrada/band.h"
 #include "stock/entrada/document.h"
 #include "stock/pedido/heading.h"

@@ -22,6 +22,7 @@ const Area kAreas[] = {
     {"records", mz::bench::run_records_benchmarks},
     {"consulta", mz::bench::run_consulta_benchmarks},
     {"entrada", mz::bench::run_entrada_benchmarks},
+    {"pedido", mz::bench::run_pedido_benchmarks},
     {"labels", mz::bench::run_label_benchmarks},
     {"cash", mz::bench::run_cash_benchmarks},
     {"accounts", mz::bench::run_accounts_benchmarks},

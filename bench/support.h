@@ -63,6 +63,7 @@ void run_store_benchmarks(const fs::path& folder);
 void run_records_benchmarks(const fs::path& folder);
 void run_consulta_benchmarks(const fs::path& folder);
 void run_entrada_benchmarks(const fs::path& folder);
+void run_pedido_benchmarks(const fs::path& folder);
 void run_label_benchmarks(const fs::path& folder);
 void run_cash_benchmarks(const fs::path& folder);
 void run_accounts_benchmarks(const fs::path& folder);

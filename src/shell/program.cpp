@@ -8,6 +8,7 @@
 #include "maintenance/screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
+#include "stock/pedido.h"
 #include "stock/reports_screens.h"
 #include "stock/screens.h"
 #include "stock/stocktake_screens.h"
@@ -16,8 +17,7 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"Estorno", "PEDIDO",   "troca",    "Impecon", "IMPECON2",
-                                    "IMPECON4", "Prod", "BUSVENDA"};
+const char* const kNotYetBuilt[] = {"Estorno", "troca", "Impecon", "IMPECON2", "IMPECON4", "Prod", "BUSVENDA"};
 
 }  // namespace
 
@@ -51,6 +51,7 @@ ui::Program program() {
     rt.register_screen("FORNE", stock::make_forne);
     rt.register_screen("FORNECOD", stock::make_fornecod);
     rt.register_screen("ENTRADA", stock::make_entrada);
+    rt.register_screen("PEDIDO", stock::make_pedido);
     rt.register_screen("CONSULTA", stock::make_consulta);
     rt.register_screen("PSEST", stock::make_psest);
     rt.register_screen("ETI", stock::make_eti);

@@ -13,6 +13,7 @@
 #include "stock/pedido/order.h"
 #include "ui/fields.h"
 #include "ui/keys.h"
+#include "ui/menu.h"
 #include "ui/report.h"
 
 namespace mz::stock {
@@ -37,30 +38,10 @@ void add_totals(ui::Form& f) {
   on_page(f, first, kTotalsPage);
 }
 
-// A field that takes the focus brings its tab to the front.
-void follow_pages(ui::Form& f) {
-  ui::Control& tabs = f["SSTab1"];
-  for (const auto& c : f.controls()) {
-    if (!c->is_entry() && c->kind() != ControlKind::Grid) continue;
-    std::function<void()> own = c->on_got_focus;
-    const int page = c->page;
-    c->on_got_focus = [&tabs, page, own] {
-      if (tabs.list_index != page) tabs.set_list_index(page);
-      if (own) own();
-    };
-  }
-}
-
 void print_labels(ui::Runtime& rt, ui::Form& f) { generate_labels(rt, "\\SAI.MDB", f["EE1"].text(), f["Grid1"]); }
 
 void add_menu(ui::Runtime& rt, ui::Form& f, const std::shared_ptr<ui::Report>& report) {
-  struct Item {
-    const char* name;
-    const char* caption;
-    int key;
-    std::function<void()> action;
-  };
-  const Item items[] = {
+  ui::add_menu_items(f, {
       {"rft", "&Grava", 2, [&rt, &f] { pedido::record(rt, f); }},
       {"hjjk", "&Limpa", 0, [&rt, &f] { pedido::new_order(rt, f); }},
       {"bgtr", "&Exclui", 0, [&rt, &f] { pedido::remove_order(rt, f); }},
@@ -68,12 +49,7 @@ void add_menu(ui::Runtime& rt, ui::Form& f, const std::shared_ptr<ui::Report>& r
       {"axcb", "&Imprime", 0, [&f, report] { pedido::print_order(f, *report, "\\PEDIDO.rpt"); }},
       {"ImprimeResumo", "Imprime &resumo", 0, [&f, report] { pedido::print_order(f, *report, "\\PEDIDO2.rpt"); }},
       {"ujik", "&Volta", 6, [&rt] { rt.close("PEDIDO"); }},
-  };
-  for (const Item& item : items) {
-    ui::Control& menu = f.add(item.name, ControlKind::MenuItem, item.caption);
-    menu.shortcut = item.key ? ui::key::kF1 + item.key - 1 : 0;
-    menu.on_click = item.action;
-  }
+  });
 }
 
 }  // namespace
@@ -92,7 +68,7 @@ std::unique_ptr<ui::Form> make_pedido(ui::Runtime& rt) {
   on_page(f, band_start, kLinesPage);
   add_totals(f);
   add_menu(rt, f, report);
-  follow_pages(f);
+  ui::follow_pages(f);
 
   // F1 launches the line from any field, F4 makes the labels of the order,
   // F5 keeps the payment forms; the other keys reach their menu items.

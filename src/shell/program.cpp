@@ -13,7 +13,7 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "Estorno",  "IMPEREFE", "Impe",
+const char* const kNotYetBuilt[] = {"TELEFONE", "AUTO",    "REPARA", "IMPEREFE", "Impe",
                                     "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
                                     "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
 

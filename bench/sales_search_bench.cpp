@@ -1,0 +1,104 @@
+// VENDA's search tab and its reversal at shop scale: a month's sales through
+// the period query, and "02- Estorno" of one sale across VENDA, VENDA1 and
+// Contas in one durable unit; each beside the same statements made by hand
+// on one SQLite connection.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "bench/support.h"
+#include "core/value.h"
+#include "sales/venda/reversal.h"
+#include "sales/venda/search.h"
+
+namespace mz::bench {
+
+namespace {
+
+constexpr double kNovember2025 = 45962;  // 01/11/2025
+constexpr double kDecember2025 = 45991;  // 30/11/2025
+constexpr int kReversals = 200;
+
+constexpr const char* kPeriodSql =
+    "SELECT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA BETWEEN ? AND ? "
+    "GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR ORDER BY CODIGO";
+
+std::string sale_number(int n) {
+  char buf[16];
+  std::snprintf(buf, sizeof buf, "%08d", n);
+  return buf;
+}
+
+// The planner's road for the month, so that a lost index shows in the output.
+void show_plan(Raw& raw) {
+  sqlite3_stmt* plan = raw.prepare(std::string("EXPLAIN QUERY PLAN ") + kPeriodSql);
+  sqlite3_bind_double(plan, 1, kNovember2025);
+  sqlite3_bind_double(plan, 2, kDecember2025);
+  while (sqlite3_step(plan) == SQLITE_ROW)
+    std::printf("  plano: %s\n", reinterpret_cast<const char*>(sqlite3_column_text(plan, 3)));
+}
+
+void bench_period(const fs::path& folder) {
+  Raw raw(folder / "venda.db");
+  show_plan(raw);
+  sqlite3_stmt* month = raw.prepare(kPeriodSql);
+  size_t listed = 0;
+  double program = median_us(15, [&](int) { listed = sales::venda::sales_of_period("11/01/2025", "11/30/2025").size(); });
+  double baseline = median_us(15, [&](int) {
+    sqlite3_bind_double(month, 1, kNovember2025);
+    sqlite3_bind_double(month, 2, kDecember2025);
+    all_cells(month);
+  });
+  std::printf("  %zu linhas na lista do mês\n", listed);
+  report("search tab: a month's sales by period", program, baseline);
+}
+
+// Each run reverses a sale of its own, as a clerk reverses one at a time.
+void bench_reversal(const fs::path& folder) {
+  const Date today = Date::from_ymd(2026, 11, 24);
+  Raw raw(folder / "contas.db");
+  for (const char* f : {"venda", "venda1"})
+    raw.exec(("ATTACH DATABASE '" + (folder / (std::string(f) + ".db")).string() + "' AS " + f).c_str());
+  sqlite3_stmt* lines = raw.prepare("DELETE FROM venda.VENDA WHERE CODIGO = ?");
+  sqlite3_stmt* closing = raw.prepare("DELETE FROM venda1.VENDA WHERE CODIGO = ?");
+  sqlite3_stmt* accounts = raw.prepare("DELETE FROM main.Cada WHERE D4 = ?");
+  sqlite3_stmt* highest = raw.prepare("SELECT max(CODIGO) FROM main.Cada");
+  sqlite3_stmt* marker = raw.prepare(
+      "INSERT INTO main.Cada (CODIGO, D1, D2, D3, D4, D5, D6, D7, D8, D9, BX, PG, VP, D10, GRUPO) "
+      "VALUES (?, 'Receber', ?, ?, ?, 0, 'Estono - JOANA', 'DINHEIRO', 'Estorno Venda', 'ANA', 'F', ?, 'P', "
+      "'Estorno Venda', 'Estorno Venda')");
+  int next = 1;  // warm-up runs included, so that no sale is reversed twice
+  double program = median_us(kReversals, [&](int) {
+    sales::reverse_sale({sale_number(next++), "JOANA", "DINHEIRO", "ANA", "P"}, today);
+  });
+  double baseline = median_us(kReversals, [&](int) {
+    const std::string number = sale_number(100000 + next++);
+    raw.exec("BEGIN IMMEDIATE");
+    for (sqlite3_stmt* s : {lines, closing, accounts}) {
+      bind_text(s, 1, number);
+      sqlite3_step(s);
+      sqlite3_reset(s);
+    }
+    sqlite3_step(highest);
+    long long top = sqlite3_column_type(highest, 0) == SQLITE_NULL ? 0 : sqlite3_column_int64(highest, 0);
+    sqlite3_reset(highest);
+    char code[16];
+    std::snprintf(code, sizeof code, "%06lld", top + 1);
+    bind_text(marker, 1, code);
+    for (int c : {2, 3, 5}) sqlite3_bind_double(marker, c, today.serial);
+    bind_text(marker, 4, number);
+    sqlite3_step(marker);
+    sqlite3_reset(marker);
+    raw.exec("COMMIT");
+  });
+  report("02- Estorno: one sale out of VENDA, VENDA1, Contas", program, baseline);
+}
+
+}  // namespace
+
+void run_sales_search_benchmarks(const fs::path& folder) {
+  bench_period(folder);
+  bench_reversal(folder);
+}
+
+}  // namespace mz::bench

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
+#include <string>
+
 #include "core/error.h"
 #include "sales/venda/posting.h"
 #include "sales/venda/reversal.h"
@@ -127,7 +129,12 @@ TEST(SaleReversal, AFailureAtTheMarkerLeavesTheSaleWhole) {
                          nullptr, nullptr, nullptr),
             SQLITE_OK);
   sqlite3_close(raw);
-  EXPECT_THROW(reverse_sale(kFirst, kReversed), Error);
+  try {
+    reverse_sale(kFirst, kReversed);
+    ADD_FAILURE() << "the marker was written";
+  } catch (const Error& e) {
+    EXPECT_NE(std::string(e.what()).find("disco cheio"), std::string::npos) << e.what();
+  }
   expect_counts("00000001", {2, 3, 3, 1});
 }
 

@@ -68,11 +68,12 @@ void recall_chosen(ui::Runtime& rt, ui::Form& f) {
 
 // The header columns repeat on each line of a sale, so grouping by them gives
 // one row a sale, and VALOR is the sale's total, not the sum of its lines.
-// CODIGO is grouped on too: two sales alike but for their number stay two.
+// CODIGO is grouped on first: two sales alike but for their number stay two,
+// and the groups come in the order of the numbers.
 SalesList sales_of_period(const std::string& first, const std::string& last, const std::string& narrow) {
   const std::string sql = "SELECT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA BETWEEN #" +
                           first + "# AND #" + last + "#" + narrow +
-                          " GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR ORDER BY CODIGO";
+                          " GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR";
   SalesList rows;
   store::Database db = store::Workspace::open_database("\\VENDA.Mdb");
   for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next())

@@ -88,10 +88,11 @@ void add_search_tab(ui::Runtime& rt, ui::Form& f) {
     ui::date_field(date);
     date.enter_moves_on = true;
   }
-  search_button(f, "Command6", "Busca por período", [&rt, &f] { search_period(rt, f); });
   search_field(f, "T3", ControlKind::ComboBox, "BUSCA POR VENDEDOR:").enter_moves_on = true;
-  search_button(f, "Command8", "Busca por vendedor", [&rt, &f] { search_by(rt, f, "T3", "VENDEDOR"); });
   search_field(f, "T4", ControlKind::ComboBox, "BUSCA POR CLIENTE:").enter_moves_on = true;
+  // The buttons in a row of their own, between the fields and the list.
+  search_button(f, "Command6", "Busca por período", [&rt, &f] { search_period(rt, f); });
+  search_button(f, "Command8", "Busca por vendedor", [&rt, &f] { search_by(rt, f, "T3", "VENDEDOR"); });
   search_button(f, "Command18", "Busca por cliente", [&rt, &f] { search_by(rt, f, "T4", "NOME"); });
   search_button(f, "Command3", "01- Busca ticket", [&rt, &f] { ask_ticket(rt, f); });
   search_button(f, "Command19", "04- Resumo", [&rt, &f] { print_resumo(rt, f); });

@@ -20,15 +20,14 @@ void show_history(ui::Runtime& rt, ui::Form& f) {
     rt.message("Selecione o nome do cliente na aba FECHAMENTO,antes de buscar.");
     return;
   }
-  ui::Control& grid = f["Grid11"];
-  clear_rows(grid);
+  std::vector<std::vector<std::string>> rows;
   store::Database db = store::Workspace::open_database("\\VENDA.Mdb");
   for (store::Recordset rs =
            db.open_recordset("SELECT* FROM VENDA WHERE NOME = " + store::sql_quote(customer) + " order by data desc");
        !rs.eof(); rs.move_next())
-    append_row(grid, {rs["CODIGO"].text(), ui::money_text(rs["VALOR"]), store::data_tela(rs["DATA"]),
-                      rs["V1"].text(), rs["PAGAMENTO"].text()});
-  stripe(grid);
+    rows.push_back({rs["CODIGO"].text(), ui::money_text(rs["VALOR"]), store::data_tela(rs["DATA"]), rs["V1"].text(),
+                    rs["PAGAMENTO"].text()});
+  ui::show_rows(f["Grid11"], kHistoryHeading, rows);
 }
 
 }  // namespace

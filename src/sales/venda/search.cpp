@@ -31,16 +31,32 @@ void search_button(ui::Form& f, const char* name, const char* caption, std::func
   on_search_page(f.add(name, ControlKind::Button, caption)).on_click = std::move(action);
 }
 
+using SalesList = std::vector<std::vector<std::string>>;
+
+// The header columns repeat on each line of a sale, so grouping by them gives
+// one row a sale, and VALOR is the sale's total, not the sum of its lines.
+// CODIGO is grouped on first: two sales alike but for their number stay two,
+// and the groups come in the order of the numbers.
+SalesList sales_of_period(const std::string& first, const std::string& last, const std::string& narrow) {
+  const std::string sql = "SELECT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA BETWEEN #" +
+                          first + "# AND #" + last + "#" + narrow +
+                          " GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR";
+  SalesList rows;
+  store::Database db = store::Workspace::open_database("\\VENDA.Mdb");
+  // By position, in the order of the select: a month holds thousands of rows.
+  for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next())
+    rows.push_back({rs[0].text(), store::data_tela(rs[1]), ui::money_text(rs[5]), rs[2].text(), rs[3].text(),
+                    rs[4].text()});
+  return rows;
+}
+
 // The sales of T1 to T2 in Grid4; `narrow` keeps one seller's or one
 // customer's.
 void show_sales(ui::Runtime& rt, ui::Form& f, const std::string& narrow) {
   const Date today = rt.host().today();
   SalesList rows = sales_of_period(store::data_sql(f["T1"].text(), today), store::data_sql(f["T2"].text(), today),
                                    narrow);
-  ui::Control& grid = f["Grid4"];
-  clear_rows(grid);
-  for (const auto& row : rows) append_row(grid, row);
-  stripe(grid);
+  ui::show_rows(f["Grid4"], kSalesHeading, rows);  // a month of sales at once, not row by row
 }
 
 // Command8 and Command18: nothing chosen, nothing searched.
@@ -65,22 +81,6 @@ void recall_chosen(ui::Runtime& rt, ui::Form& f) {
 }
 
 }  // namespace
-
-// The header columns repeat on each line of a sale, so grouping by them gives
-// one row a sale, and VALOR is the sale's total, not the sum of its lines.
-// CODIGO is grouped on first: two sales alike but for their number stay two,
-// and the groups come in the order of the numbers.
-SalesList sales_of_period(const std::string& first, const std::string& last, const std::string& narrow) {
-  const std::string sql = "SELECT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA BETWEEN #" +
-                          first + "# AND #" + last + "#" + narrow +
-                          " GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR";
-  SalesList rows;
-  store::Database db = store::Workspace::open_database("\\VENDA.Mdb");
-  for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next())
-    rows.push_back({rs["CODIGO"].text(), store::data_tela(rs["DATA"]), ui::money_text(rs["VALOR"]),
-                    rs["NOME"].text(), rs["VENDEDOR"].text(), rs["PAGAMENTO"].text()});
-  return rows;
-}
 
 void add_search_tab(ui::Runtime& rt, ui::Form& f) {
   for (auto [name, caption] : {std::pair{"T1", "DATA INICIAL:"}, std::pair{"T2", "DATA FINAL:"}}) {

@@ -2,7 +2,6 @@
 // VENDA's search tab: the sales of a period, of a seller or of a customer in
 // Grid4, a sale recalled to the screen by its number, and the summary print.
 #include <string>
-#include <vector>
 
 #include "ui/runtime.h"
 
@@ -18,12 +17,6 @@ void load_search_dates(ui::Runtime& rt, ui::Form& f);
 void load_search_list(ui::Form& f);
 void load_search_sellers(ui::Form& f);
 void load_search_customers(ui::Form& f);
-
-// The period query common to every list of sales, one row a sale: number,
-// date, total, customer, seller, payment. `first` and `last` as a #...#
-// literal holds them; `narrow` adds a condition (" AND VENDEDOR = 'X'").
-using SalesList = std::vector<std::vector<std::string>>;
-SalesList sales_of_period(const std::string& first, const std::string& last, const std::string& narrow = "");
 
 // Command6: every sale of the period T1 to T2, one row a sale.
 void search_period(ui::Runtime& rt, ui::Form& f);

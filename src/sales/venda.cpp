@@ -23,6 +23,8 @@ using ui::ControlKind;
 
 namespace {
 
+// The first two tabs put the focus where the clerk starts on them; the search
+// and history tabs wait for their buttons.
 void choose_tab(ui::Runtime& rt, ui::Form& f) {
   switch (f["SSTab1"].list_index) {
     case venda::kItemsPage: return venda::go_to_items(rt, f);

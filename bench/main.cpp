@@ -32,6 +32,7 @@ const Area kAreas[] = {
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
     {"balanco", mz::bench::run_balanco_benchmarks},
     {"grupos", mz::bench::run_grupos_benchmarks},
+    {"sales_search", mz::bench::run_sales_search_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

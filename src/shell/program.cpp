@@ -17,7 +17,7 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"Estorno", "troca", "Impecon", "IMPECON2", "IMPECON4", "Prod", "BUSVENDA"};
+const char* const kNotYetBuilt[] = {"troca", "Impecon", "IMPECON2", "IMPECON4", "Prod", "BUSVENDA"};
 
 }  // namespace
 

@@ -19,6 +19,9 @@ constexpr int kSalesRows = 1000000;
 constexpr int kOutflowRows = 200000;
 constexpr int kCustomers = 50000;
 constexpr int kAccounts = 200000;
+// The ledgers' documents run over five years: 01/01/2022 to 31/12/2026.
+constexpr int kFirstLedgerDay = 44562;
+constexpr int kLedgerDays = 5 * 365;
 
 std::string reference_code(int i);
 // The party of a movement: a supplier on the inflow, a customer on a sale.

@@ -27,10 +27,27 @@ void name_combo(Control& combo, std::vector<std::string> names) {
   combo.on_key_press = [&combo](int& key) { combo_inteligente(combo, key); };
 }
 
+bool money_out_of_range(std::string_view text) {
+  try {
+    const std::optional<Currency> amount = parse_money(text);
+    return amount && (*amount > kLargestMoney || *amount < -kLargestMoney);
+  } catch (const Error&) {
+    return true;  // past what a currency holds at all
+  }
+}
+
 void money_field(Control& field, std::function<void()> after_leaving) {
   field.leave_rule = LeaveRule::Money;
   field.on_key_press = [&field](int& key) { key = static_cast<int>(so_numero(field.text(), static_cast<char32_t>(key))); };
   field.on_lost_focus = [&field, after_leaving = std::move(after_leaving)] {
+    // A mistyped huge amount stays in the field for the clerk to mend, and
+    // nothing is worked out from it.
+    if (money_out_of_range(field.text())) {
+      Runtime& rt = field.form().runtime();
+      rt.set_focus(field);
+      rt.message(kMoneyTooLarge, Buttons::Ok, Icon::Exclamation);
+      return;
+    }
     if (!parse_money(field.text())) field.set_text("0,00");
     if (after_leaving) after_leaving();
   };

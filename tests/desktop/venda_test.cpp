@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QTabWidget>
+#include <QTableWidget>
 #include <QTest>
 #include <QTimer>
 
@@ -75,6 +76,14 @@ TEST(CounterSale, TheScannerLandsLinesAndTheFunctionKeysMoveTheKeyboard) {
   }
   EXPECT_EQ((*c.form)["TL"].text(), "139,80");
   EXPECT_EQ(static_cast<QLabel*>(c.widget("TL"))->text(), "139,80") << "the total on the screen follows the lines";
+  EXPECT_GE(c.widget("TL")->font().pointSizeF(), 2 * c.widget("E2")->font().pointSizeF())
+      << "the total reads across the counter";
+  // The description takes the room left: the line values stand at the right edge.
+  auto* lines = static_cast<QTableWidget*>(c.widget("Grid1"));
+  int used = 0;
+  for (int col = 0; col < lines->columnCount(); ++col) used += lines->columnWidth(col);
+  EXPECT_EQ(used, lines->viewport()->width());
+  EXPECT_GT(lines->columnWidth(1), lines->columnWidth(4));
 
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
   EXPECT_EQ(c.tab_shown(), 1);

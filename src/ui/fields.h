@@ -31,7 +31,8 @@ inline constexpr Currency kLargestMoney = Currency::from_units(999'999'999'999'9
 inline constexpr const char* kMoneyTooLarge = "Valor muito alto: o máximo é 999.999.999.999,99.";
 // An amount past kLargestMoney either way; text that is no amount is not.
 bool money_out_of_range(std::string_view text);
-// Money: "," or "." once, digits and Backspace. Left empty, or holding no
+// Money: "," or "." once, digits and Backspace; a digit that would go past
+// kLargestMoney is refused with kMoneyTooLarge. Left empty, or holding no
 // amount (a lone ","), it becomes "0,00"; then `after_leaving` runs. Left
 // past kLargestMoney, it says so and keeps the focus and the text.
 void money_field(Control& field, std::function<void()> after_leaving = {});

@@ -31,10 +31,14 @@ struct MoneyCard {
       return form;
     });
   }
-  // Types into the money field as the keyboard would, then Enter.
-  Form& type_and_leave(const std::string& typed) {
+  Form& open() {
     Form& form = rt.show("CARTAO");
     rt.set_focus(form["Valor"]);
+    return form;
+  }
+  // Types into the emptied money field as the keyboard would, then Enter.
+  Form& type_and_leave(const std::string& typed) {
+    Form& form = open();
     form["Valor"].set_text("");
     for (char32_t c : to_u32(typed)) rt.type_char(c);
     rt.press_key(key::kEnter);
@@ -42,23 +46,24 @@ struct MoneyCard {
   }
 };
 
-TEST(MoneyField, LeavingKeepsAnAmountWithinRangeAndRefusesOneBeyond) {
+// A digit that would go past the largest amount is refused, once per digit,
+// with the reason; what was typed before it stands and is worked out.
+TEST(MoneyField, TypingStopsAtTheLargestAmount) {
   struct Case {
     const char* typed;
-    const char* kept;      // the field's text after Enter
-    bool moves_on;         // the focus left for the next field
-    const char* doubled;   // what leaving worked out; "" when it did not run
+    const char* kept;     // the field's text after Enter
+    size_t refused;       // digits refused, each with its message
+    const char* doubled;  // what leaving worked out
   };
   const Case cases[] = {
-      {"", "0,00", true, "0,00"},
-      {",", "0,00", true, "0,00"},
-      {"12,5", "12,5", true, "25,00"},
-      {"1.234,56", "1,23456", true, "2,47"},  // "." is the decimal key too; the second is refused
-      {"999999999999,99", "999999999999,99", true, "1.999.999.999.999,98"},
-      {"1000000000000", "1000000000000", false, ""},
-      {"999999999999,991", "999999999999,991", false, ""},
-      {"922337203685477,58", "922337203685477,58", false, ""},
-      {"99999999999999999999999", "99999999999999999999999", false, ""},
+      {"", "0,00", 0, "0,00"},
+      {",", "0,00", 0, "0,00"},
+      {"12,5", "12,5", 0, "25,00"},
+      {"1.234,56", "1,23456", 0, "2,47"},  // "." is the decimal key too; the second is refused
+      {"999999999999,99", "999999999999,99", 0, "1.999.999.999.999,98"},
+      {"1000000000000", "100000000000", 1, "200.000.000.000,00"},
+      {"999999999999,991", "999999999999,99", 1, "1.999.999.999.999,98"},
+      {"99999999999999999999", "999999999999", 8, "1.999.999.999.998,00"},
   };
   for (const Case& c : cases) {
     SCOPED_TRACE(c.typed);
@@ -66,30 +71,53 @@ TEST(MoneyField, LeavingKeepsAnAmountWithinRangeAndRefusesOneBeyond) {
     Form& form = card.type_and_leave(c.typed);
     EXPECT_EQ(form["Valor"].text(), c.kept);
     EXPECT_EQ(form["Dobro"].text(), c.doubled);
-    EXPECT_EQ(card.rt.focused(), c.moves_on ? &form["Outro"] : &form["Valor"]);
-    if (c.moves_on) {
-      EXPECT_TRUE(card.host.messages.empty());
-      EXPECT_EQ(card.worked_out, 1);
-    } else {
-      ASSERT_EQ(card.host.messages.size(), 1u);
-      EXPECT_EQ(card.host.messages[0].text, kMoneyTooLarge);
-      EXPECT_FALSE(card.host.messages[0].error) << "a clear message, not a runtime error";
-      EXPECT_EQ(card.worked_out, 0);
-      EXPECT_EQ(form["Valor"].sel_length, len(form["Valor"].text())) << "the amount is selected to be typed over";
+    EXPECT_EQ(card.rt.focused(), &form["Outro"]);
+    EXPECT_EQ(card.worked_out, 1);
+    ASSERT_EQ(card.host.messages.size(), c.refused);
+    for (const auto& message : card.host.messages) {
+      EXPECT_EQ(message.text, kMoneyTooLarge);
+      EXPECT_FALSE(message.error) << "a clear message, not a runtime error";
     }
   }
 }
 
-// Mended, the amount leaves the field as any other does.
-TEST(MoneyField, AMendedAmountMovesOn) {
+// A digit typed over the selection is weighed against what it leaves, not
+// against the text it replaces.
+TEST(MoneyField, ADigitTypedOverTheLargestAmountReplacesIt) {
   MoneyCard card;
-  Form& form = card.type_and_leave("5000000000000");
-  ASSERT_EQ(card.rt.focused(), &form["Valor"]);
-  for (char32_t c : to_u32("500,00")) card.rt.type_char(c);
-  card.rt.press_key(key::kEnter);
-  EXPECT_EQ(card.rt.focused(), &form["Outro"]);
-  EXPECT_EQ(form["Dobro"].text(), "1.000,00");
-  EXPECT_EQ(card.host.messages.size(), 1u);
+  Form& form = card.open();
+  form["Valor"].set_text("999999999999");
+  card.rt.set_focus(form["Outro"]);
+  card.rt.set_focus(form["Valor"]);  // coming back selects the whole amount
+  card.rt.type_char(U'5');
+  EXPECT_EQ(form["Valor"].text(), "5");
+  EXPECT_TRUE(card.host.messages.empty());
+}
+
+// An amount past the largest that did not come from the keyboard (a stored
+// row) is said on leaving, kept with the focus to be mended, and nothing is
+// worked out from it; mended, it leaves as any other.
+TEST(MoneyField, LeavingAnAmountPastTheLargestKeepsItToBeMended) {
+  for (const char* stored : {"1.000.000.000.000", "-1000000000000", "1E+20", "99999999999999999999"}) {
+    SCOPED_TRACE(stored);
+    MoneyCard card;
+    Form& form = card.open();
+    form["Valor"].set_text(stored);
+    card.rt.press_key(key::kEnter);
+    EXPECT_EQ(card.rt.focused(), &form["Valor"]);
+    EXPECT_EQ(form["Valor"].text(), stored);
+    EXPECT_EQ(form["Valor"].sel_length, len(stored)) << "selected, to be typed over";
+    EXPECT_EQ(form["Dobro"].text(), "");
+    EXPECT_EQ(card.worked_out, 0);
+    ASSERT_EQ(card.host.messages.size(), 1u);
+    EXPECT_EQ(card.host.messages[0].text, kMoneyTooLarge);
+
+    for (char32_t c : to_u32("500,00")) card.rt.type_char(c);
+    card.rt.press_key(key::kEnter);
+    EXPECT_EQ(card.rt.focused(), &form["Outro"]);
+    EXPECT_EQ(form["Dobro"].text(), "1.000,00");
+    EXPECT_EQ(card.host.messages.size(), 1u);
+  }
 }
 
 TEST(MoneyField, RangeEdges) {

@@ -62,14 +62,14 @@ void show_sales(ui::Runtime& rt, ui::Form& f) {
   const std::string to = store::data_sql(f["K2"].text(), rt.host().today());
 
   std::vector<std::vector<std::string>> forms;
-  Sums by_form = sales_by_form(from, to);
-  for (const std::string& name : option_names("\\A1.mdb")) forms.push_back({" >" + name, figure(sum_of(by_form, name))});
+  Sales sales = sales_between(from, to);
+  for (const std::string& name : option_names("\\A1.mdb"))
+    forms.push_back({" >" + name, figure(sum_of(sales.by_form, name))});
 
   std::vector<std::vector<std::string>> rows;
-  Sums by_seller = sales_by_seller(from, to);
   for (const Seller& s : sellers()) {
-    Currency sales = sum_of(by_seller, s.name);
-    rows.push_back({" >" + s.name, figure(sales), s.rate, commission(sales, s.rate)});
+    Currency sold = sum_of(sales.by_seller, s.name);
+    rows.push_back({" >" + s.name, figure(sold), s.rate, commission(sold, s.rate)});
   }
   ui::show_rows(f["Grid2"], kFormHeading, forms);
   ui::show_rows(f["Grid3"], kSellerHeading, rows);

@@ -12,11 +12,13 @@ namespace mz::finance::contas {
 
 using Sums = std::map<std::string, Currency>;
 
+struct Sales {
+  Sums by_form, by_seller;
+  Currency total;
+};
 // `from` and `to` are date literals, month first. Lines of one sale that
 // agree in every header column count once.
-Sums sales_by_form(const std::string& from, const std::string& to);
-Sums sales_by_seller(const std::string& from, const std::string& to);
-Currency sales_total(const std::string& from, const std::string& to);
+Sales sales_between(const std::string& from, const std::string& to);
 
 // Amounts of CADA whose date of movement D2 lies in the period, whatever
 // their operation and status, by D7 (the payment form of a sale) and by D8.

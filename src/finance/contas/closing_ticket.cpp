@@ -62,7 +62,7 @@ std::vector<std::string> closing_lines(TicketMode mode, const std::string& day, 
   lines.push_back(" TOTAL DE SAIDAS   R$. " + figure(exits));
   lines.push_back((graphic ? " SALDO R$............. " : "             SALDO R$.") + figure(entries - exits));
   lines.push_back("");
-  lines.push_back(" VENDAS DO DIA R$." + figure(sales_total(d, d)));
+  lines.push_back(" VENDAS DO DIA R$." + figure(sales_between(d, d).total));
   lines.push_back("");
   lines.push_back("");
   const char* mark = graphic ? "  >" : " >";

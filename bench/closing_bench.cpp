@@ -68,8 +68,8 @@ double ver(ui::Runtime& rt, ui::Form& f) {
 double raw_ver(const fs::path& folder) {
   Raw venda(folder / "venda.db");
   sqlite3_stmt* sales = venda.prepare(
-      "SELECT PAGAMENTO, VENDEDOR, SUM(VALOR) FROM (SELECT DISTINCT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR "
-      "FROM VENDA WHERE DATA BETWEEN ? AND ?) GROUP BY PAGAMENTO, VENDEDOR");
+      "SELECT PAGAMENTO, VENDEDOR, VALOR FROM VENDA WHERE DATA BETWEEN ? AND ? "
+      "GROUP BY DATA, VALOR, CODIGO, NOME, VENDEDOR, PAGAMENTO");
   return median_us(20, [&](int) {
     sqlite3_bind_double(sales, 1, Date::from_ymd(2026, 11, 1).serial);
     sqlite3_bind_double(sales, 2, Date::from_ymd(2026, 11, 30).serial);
@@ -85,8 +85,8 @@ double raw_ticket(const fs::path& folder) {
   sqlite3_stmt* by_type = contas.prepare("SELECT D7, SUM(D5) FROM Cada WHERE D2 BETWEEN ? AND ? GROUP BY D7");
   sqlite3_stmt* by_remark = contas.prepare("SELECT D8, SUM(D5) FROM Cada WHERE D2 BETWEEN ? AND ? GROUP BY D8");
   sqlite3_stmt* sales = venda.prepare(
-      "SELECT SUM(VALOR) FROM (SELECT DISTINCT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA "
-      "BETWEEN ? AND ?)");
+      "SELECT PAGAMENTO, VENDEDOR, VALOR FROM VENDA WHERE DATA BETWEEN ? AND ? "
+      "GROUP BY DATA, VALOR, CODIGO, NOME, VENDEDOR, PAGAMENTO");
   const double day = Date::from_ymd(2026, 11, 20).serial;
   return median_us(50, [&](int) {
     for (const char* operation : {"Receber", "Pagar"}) {

@@ -33,6 +33,7 @@ const Area kAreas[] = {
     {"balanco", mz::bench::run_balanco_benchmarks},
     {"grupos", mz::bench::run_grupos_benchmarks},
     {"sales_search", mz::bench::run_sales_search_benchmarks},
+    {"closing", mz::bench::run_closing_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

@@ -4,6 +4,7 @@
 #include "records/grade.h"
 #include "records/screens.h"
 #include "shell/screens.h"
+#include "finance/report_screens.h"
 #include "finance/screens.h"
 #include "maintenance/screens.h"
 #include "sales/screens.h"
@@ -17,7 +18,7 @@ namespace mz::shell {
 namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"troca", "Impecon", "IMPECON2", "IMPECON4", "Prod", "BUSVENDA"};
+const char* const kNotYetBuilt[] = {"troca", "Prod", "BUSVENDA"};
 
 }  // namespace
 
@@ -39,6 +40,9 @@ ui::Program program() {
     rt.register_screen("SENHA", make_senha);
     rt.register_screen("msn", make_msn);
     rt.register_screen("RECIBO", documents::make_recibo);
+    rt.register_screen("Impecon", finance::make_impecon);
+    rt.register_screen("IMPECON2", finance::make_impecon2);
+    rt.register_screen("IMPECON4", finance::make_impecon4);
     rt.register_screen("BUSRECI", documents::make_busreci);
     rt.register_screen("NP", documents::make_np);
     rt.register_screen("DUPLI", documents::make_dupli);

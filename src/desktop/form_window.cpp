@@ -71,8 +71,11 @@ bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) !=
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
+// The width of buttons that may stand beside the field they act on.
+constexpr int kButtonsBeside = 400;
+
 // Wider than this, a line of text wraps.
-constexpr int kLongestLine = 900;
+constexpr int kLongestLine = 600;
 
 // A bold figure under a bold caption of its own is a total the clerk and the
 // customer read across the counter: it is drawn this much larger.
@@ -255,13 +258,27 @@ QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
   const bool more_after = end < controls.size() && controls[end]->kind() != ControlKind::Button &&
                           controls[end]->kind() != ControlKind::MenuItem;
   if (end == i + 1 || !more_after) return field;
+  std::vector<QWidget*> buttons;
+  int width = 0;
+  for (++i; i < end; ++i) {
+    buttons.push_back(make_widget(*controls[i]));
+    width += buttons.back()->sizeHint().width();
+  }
+  --i;
   auto* row = new QWidget(this);
+  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
+  // Many of them would push the row past the display: they stand under the field.
+  if (width > kButtonsBeside) {
+    auto* lines = new QVBoxLayout(row);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->addWidget(field);
+    lines->addLayout(button_bar(buttons));
+    return row;
+  }
   auto* line = new QHBoxLayout(row);
   line->setContentsMargins(0, 0, 0, 0);
-  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
   line->addWidget(field, 1);
-  for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
-  --i;
+  for (QWidget* button : buttons) line->addWidget(button);
   return row;
 }
 

@@ -1,10 +1,12 @@
 // Typing into a grid's cells on the desktop: ACERTOS overtypes an entry in
 // place and the row of ENTRA follows when the cell is left; the sale's
 // instalment grid takes its keys through its own handler and shows them.
+// Help texts show under the pointer, on buttons and on menu entries.
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QMenu>
 #include <QTest>
 #include <QToolTip>
 
@@ -147,7 +149,7 @@ TEST(CellTyping, TheInstalmentGridShowsItsOwnTyping) {
 }
 
 // The help text of a button shows while the pointer rests on it.
-TEST(CellTyping, AButtonShowsItsHelpTextUnderThePointer) {
+TEST(HelpText, AButtonShowsItsUnderThePointer) {
   testing::ScratchFolder folder;
   Desktop desktop{shell::program()};
   for (auto [screen, button, help] : {std::tuple{"AUTO", "Command1", "Clique aqui para iniciar o backup."},
@@ -165,6 +167,24 @@ TEST(CellTyping, AButtonShowsItsHelpTextUnderThePointer) {
     desktop.runtime().close(screen);
     desktop.sync();
   }
+}
+
+// A menu entry's help text shows as the pointer rests on it in the menu.
+TEST(HelpText, AMenuEntryShowsItsInTheMenu) {
+  testing::ScratchFolder folder;
+  Desktop desktop{shell::program()};
+  desktop.runtime().register_screen("AJUDA", [](ui::Runtime& rt) {
+    auto form = std::make_unique<ui::Form>(rt, "AJUDA", "Ajuda");
+    form->add("wewe", ui::ControlKind::MenuItem, "Busca").tooltip = " CLIQUE AQUI, PARA BUSCAR OS LANÇAMENTOS.";
+    form->add("A1", ui::ControlKind::TextBox);
+    return form;
+  });
+  FormWindow* window = show_active(desktop, "AJUDA");
+  auto* menu = window->findChild<QMenu*>();
+  ASSERT_NE(menu, nullptr);
+  EXPECT_TRUE(menu->toolTipsVisible());
+  ASSERT_EQ(menu->actions().size(), 1);
+  EXPECT_EQ(menu->actions()[0]->toolTip(), QString::fromUtf8(" CLIQUE AQUI, PARA BUSCAR OS LANÇAMENTOS."));
 }
 
 }  // namespace

@@ -79,7 +79,9 @@ void Desktop::sync() {
     w->activateWindow();
   }
   QWidget* target = focused ? w->widget(*focused) : nullptr;
-  if (target && QApplication::focusWidget() != target) target->setFocus(Qt::OtherFocusReason);
+  // A cell's editor inside a grid is the grid's own keyboard.
+  QWidget* has_keys = QApplication::focusWidget();
+  if (target && has_keys != target && !target->isAncestorOf(has_keys)) target->setFocus(Qt::OtherFocusReason);
 }
 
 // A modal dialog; while it is up, the runtime's focus is not pushed onto

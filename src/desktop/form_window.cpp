@@ -71,6 +71,12 @@ bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) !=
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
+// The width of buttons that may stand beside the field they act on.
+constexpr int kButtonsBeside = 400;
+
+// Wider than this, a line of text wraps.
+constexpr int kLongestLine = 600;
+
 // A bold figure under a bold caption of its own is a total the clerk and the
 // customer read across the counter: it is drawn this much larger.
 constexpr double kFigureScale = 2.5;
@@ -131,10 +137,12 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
         auto* menu_bar = new QMenuBar(this);
         outer->setMenuBar(menu_bar);
         menu = menu_bar->addMenu("&Opções");
+        menu->setToolTipsVisible(true);
       }
       QString text = q(c.text());
       if (c.shortcut) text += "\tF" + QString::number(c.shortcut - ui::key::kF1 + 1);
       QAction* action = menu->addAction(text);
+      if (!c.tooltip.empty()) action->setToolTip(q(c.tooltip));
       connect(action, &QAction::triggered, this, [this, &c] {
         desktop_.runtime().click(c);
         desktop_.sync();
@@ -250,13 +258,27 @@ QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
   const bool more_after = end < controls.size() && controls[end]->kind() != ControlKind::Button &&
                           controls[end]->kind() != ControlKind::MenuItem;
   if (end == i + 1 || !more_after) return field;
+  std::vector<QWidget*> buttons;
+  int width = 0;
+  for (++i; i < end; ++i) {
+    buttons.push_back(make_widget(*controls[i]));
+    width += buttons.back()->sizeHint().width();
+  }
+  --i;
   auto* row = new QWidget(this);
+  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
+  // Many of them would push the row past the display: they stand under the field.
+  if (width > kButtonsBeside) {
+    auto* lines = new QVBoxLayout(row);
+    lines->setContentsMargins(0, 0, 0, 0);
+    lines->addWidget(field);
+    lines->addLayout(button_bar(buttons));
+    return row;
+  }
   auto* line = new QHBoxLayout(row);
   line->setContentsMargins(0, 0, 0, 0);
-  field->setMinimumWidth(kFieldWidthInRows);  // the buttons never squeeze the field away
   line->addWidget(field, 1);
-  for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
-  --i;
+  for (QWidget* button : buttons) line->addWidget(button);
   return row;
 }
 
@@ -364,6 +386,18 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
         c.grid.row = r + heading_rows(c.grid);
         c.grid.col = col;
       });
+      // A cell left after typing is what the runtime's edit of a cell is.
+      if (c.editable_cells) {
+        t->set_editable(true);
+        t->on_cell_left = [this, &c](int r, int col, const QString& text) {
+          ui::GridCells& g = c.grid;
+          g.row = r + heading_rows(g);
+          g.col = col;
+          g.cell(g.row, col) = text.toStdString();
+          if (c.on_change) c.on_change();
+          desktop_.sync();
+        };
+      }
       w = t;
       break;
     }
@@ -375,6 +409,11 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
   if (auto* label = qobject_cast<QLabel*>(w); label && c.kind() != ControlKind::Image) label->setText(q(c.text()));
   if (auto* button = qobject_cast<QAbstractButton*>(w)) button->setText(q(c.text()));
   w->setObjectName(q(c.name()));
+  if (!c.tooltip.empty()) w->setToolTip(q(c.tooltip));
+  // A long line of instructions wraps rather than widen the screen past the display.
+  if (auto* label = qobject_cast<QLabel*>(w);
+      label && c.kind() == ControlKind::Label && !c.bold && label->sizeHint().width() > kLongestLine)
+    label->setWordWrap(true);
   if (c.bold) {
     QFont font = w->font();
     font.setBold(true);
@@ -472,9 +511,13 @@ void FormWindow::refresh() {
         shown = {g.text, g.colour};
         table->show_cells(g);
       }
-      // A grid in focus shows its current row.
-      if (has_focus && table->rowCount() > 0 && table->currentRow() < 0)
-        table->setCurrentCell(std::clamp(g.row - heading_rows(g), 0, table->rowCount() - 1), 0);
+      // A grid in focus shows the runtime's current cell: one whose handler
+      // moves along the cells as the user types shows where the typing goes.
+      if (has_focus && table->rowCount() > 0 && table->columnCount() > 0) {
+        const int row = std::clamp(g.row - heading_rows(g), 0, table->rowCount() - 1);
+        const int col = std::clamp(g.col, 0, table->columnCount() - 1);
+        if (table->currentRow() != row || table->currentColumn() != col) table->setCurrentCell(row, col);
+      }
     } else if (auto* tabs = qobject_cast<QTabWidget*>(w)) {
       if (c.list_index >= 0 && tabs->currentIndex() != c.list_index) {
         switching_page_ = true;
@@ -512,6 +555,10 @@ bool FormWindow::has_grid() const {
 
 bool FormWindow::forward_key(ui::Control& c, QKeyEvent* key) {
   ui::Runtime& rt = desktop_.runtime();
+  // Typing in a grid with editable cells opens the current cell's editor.
+  if (auto* table = dynamic_cast<GridTable*>(widget(c));
+      table && table->editable() && (key->key() == Qt::Key_F2 || (!key->text().isEmpty() && key->text()[0].isPrint())))
+    return false;
   if (rt.focused() != &c) rt.set_focus(c);
   if (int code = runtime_key(key->key())) {
     rt.press_key(code, key->key() == Qt::Key_Backtab || (key->modifiers() & Qt::ShiftModifier) ? 1 : 0);

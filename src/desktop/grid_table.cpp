@@ -91,6 +91,7 @@ void GridTable::show_cells(const ui::GridCells& g) {
       item->setBackground(colour(g.colour.empty() ? ui::kWhite : g.colour[static_cast<size_t>(r * g.cols + col)]));
       if (r < g.fixed_rows) item->setFont(bold);
       if (is_number(g.cell(r, col))) item->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      if (col < std::max(1, g.fixed_cols) || r < g.fixed_rows) item->setFlags(item->flags() & ~Qt::ItemIsEditable);
       setItem(r - heading, col, item);
     }
   resizeColumnsToContents();
@@ -113,6 +114,29 @@ void GridTable::show_cells(const ui::GridCells& g) {
   // Every grid keeps its first column in sight as it scrolls sideways: the
   // reference or the name that says what a row is.
   set_frozen_columns(std::max(1, g.fixed_cols));
+}
+
+void GridTable::set_editable(bool on) {
+  editable_ = on;
+  setEditTriggers(on ? AnyKeyPressed | EditKeyPressed | SelectedClicked | DoubleClicked : NoEditTriggers);
+  // Typing goes to one cell, which shows as the current one.
+  setSelectionBehavior(on ? SelectItems : SelectRows);
+  frozen_->setSelectionBehavior(on ? SelectItems : SelectRows);
+}
+
+void GridTable::commitData(QWidget* editor) {
+  QTableWidget::commitData(editor);
+  kept_row_ = currentRow();
+  kept_col_ = currentColumn();
+}
+
+void GridTable::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+  const int row = kept_row_, col = kept_col_;
+  kept_row_ = kept_col_ = -1;
+  // The edit is reported before Tab opens the next cell, so that the runtime
+  // sees the cell that was left as the current one.
+  if (row >= 0 && on_cell_left && item(row, col)) on_cell_left(row, col, item(row, col)->text());
+  QTableWidget::closeEditor(editor, hint);
 }
 
 void GridTable::fill_width() {

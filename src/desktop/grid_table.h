@@ -3,6 +3,7 @@
 // header, and its first column stays in place while the others scroll
 // sideways, so a wide grid still shows which reference each row is.
 #include <QTableWidget>
+#include <functional>
 
 #include "ui/control.h"
 
@@ -27,6 +28,13 @@ class GridTable : public QTableWidget {
   // After the cells changed: the frozen view takes the new widths.
   void follow_columns();
 
+  // Data cells that take typing: a key or a click on the current cell opens
+  // an editor; the columns that stay in place name the row and take none.
+  void set_editable(bool on);
+  bool editable() const { return editable_; }
+  // Called when an editor closes with its text kept, after the table shows it.
+  std::function<void(int row, int col, const QString& text)> on_cell_left;
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
@@ -34,6 +42,8 @@ class GridTable : public QTableWidget {
   // Moving along a row never leaves the current cell under the frozen columns.
   QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+  void commitData(QWidget* editor) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
 
  private:
   int frozen_width() const;
@@ -50,6 +60,9 @@ class GridTable : public QTableWidget {
   int frozen_count_ = 0;
   int last_offset_ = 0;  // the horizontal offset before the last move
   bool snapping_ = false;
+  bool editable_ = false;
+  // The cell whose editor kept its text, until the editor has closed.
+  int kept_row_ = -1, kept_col_ = -1;
 };
 
 }  // namespace mz::desktop

@@ -1,7 +1,10 @@
 #include "desktop/page_layout.h"
 
 #include <QGridLayout>
+#include <QComboBox>
 #include <QHBoxLayout>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QLabel>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -26,6 +29,14 @@ using Places = std::vector<const PagePlace*>;
 
 bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) != nullptr; }
 
+// A field with no caption of its own still lines up with the fields above it.
+bool spans_caption(const PagePlace& place) {
+  const QWidget* w = place.field;
+  const bool entry = qobject_cast<const QLineEdit*>(w) || qobject_cast<const QComboBox*>(w) ||
+                     qobject_cast<const QPlainTextEdit*>(w);
+  return !place.caption && !entry;
+}
+
 bool is_lone_label(const PagePlace& place) {
   return !place.caption && qobject_cast<const QLabel*>(place.field) != nullptr;
 }
@@ -47,7 +58,7 @@ QGridLayout* fields_in_columns(const Places& fields, const Places& pictures) {
     const PagePlace& place = *fields[static_cast<size_t>(k)];
     const int row = k % rows, col = (k / rows) * 2;
     if (place.caption) grid->addWidget(place.caption, row, col);
-    grid->addWidget(place.field, row, place.caption ? col + 1 : col, 1, place.caption ? 1 : 2);
+    grid->addWidget(place.field, row, spans_caption(place) ? col : col + 1, 1, spans_caption(place) ? 2 : 1);
     grid->setColumnStretch(col + 1, 1);
     grid->setColumnMinimumWidth(col + 1, 190);
   }
@@ -117,7 +128,7 @@ QGridLayout* fields_in_rows(const Places& fields, const Places& pictures) {
       continue;
     }
     if (place.caption) grid->addWidget(place.caption, row, col * 2);
-    grid->addWidget(place.field, row, place.caption ? col * 2 + 1 : col * 2, 1, place.caption ? 1 : 2);
+    grid->addWidget(place.field, row, spans_caption(place) ? col * 2 : col * 2 + 1, 1, spans_caption(place) ? 2 : 1);
     grid->setColumnStretch(col * 2 + 1, 1);
     grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
   }

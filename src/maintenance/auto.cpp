@@ -69,6 +69,7 @@ std::unique_ptr<ui::Form> make_auto(ui::Runtime& rt) {
   ui::add_field(f, "Text1", ControlKind::TextBox, "Data:").enabled = false;
   ui::add_field(f, "QTDE", ControlKind::TextBox, "Arquivos:").enabled = false;
   f.add("Command1", ControlKind::Button, "> Realiza backup").on_click = [&rt, &f] { realiza_backup(rt, f); };
+  f["Command1"].tooltip = "Clique aqui para iniciar o backup.";
   ui::add_field(f, "Combo1", ControlKind::ComboBox, "Backups:").enter_moves_on = true;
   f.add("Command2", ControlKind::Button, "> Restaura backup").on_click = [&rt, &f] { restaura_backup(rt, f); };
   f.add("Command4", ControlKind::Button, "Volta").on_click = [&rt] { rt.close("AUTO"); };

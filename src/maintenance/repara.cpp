@@ -74,6 +74,7 @@ std::unique_ptr<ui::Form> make_repara(ui::Runtime& rt) {
   next.mask = "##/##/####";
   next.enter_moves_on = true;
   f.add("Command3", ControlKind::Button, "&REPARAR").on_click = [&rt, &f] { repair_all(rt, f); };
+  f["Command3"].tooltip = "Repara e Compacta.";
   f.add("Command4", ControlKind::Button, "&VOLTA").on_click = [&rt] { rt.close("REPARA"); };
   f.on_load = [&rt, &f] {
     rt.centre(f);

@@ -105,6 +105,7 @@ std::unique_ptr<ui::Form> make_deve(ui::Runtime& rt) {
   f.add("LDBGrid1", ControlKind::Label, "RELAÇÃO DAS ENTRADAS REGISTRADAS").bold = true;
   ui::Control& grid = f.add("DBGrid1", ControlKind::BoundGrid);
   grid.database_name = "\\entra.mdb";
+  grid.editable_cells = true;
   grid.on_change = [&rt, &grid, data] { commit(rt, grid, *data); };
   f.add("Command5", ControlKind::Button, "Volta").on_click = [&rt] { rt.close("deve"); };
   f.on_load = [&rt, &f] {

@@ -65,6 +65,10 @@ class Control {
   int picture_size = 0;
   // A combo whose handler asks for its list to drop down (the old "%{DOWN}").
   bool dropped_down = false;
+  // A grid whose data cells take typing in place; leaving a cell fires Change.
+  bool editable_cells = false;
+  // The help text shown while the pointer rests on the control.
+  std::string tooltip;
 
   bool checked() const { return checked_; }
   void set_checked(bool on);  // an option clears the others of its group

@@ -190,6 +190,7 @@ class ScriptRun {
       });
     } else if (cmd == "edit") {
       Control& c = control(word(w, 1));
+      if (!c.editable_cells) throw Stop(word(w, 1) + " takes no typing in its cells");
       int row = std::stoi(word(w, 2)), col = std::stoi(word(w, 3));
       act([&] {
         c.grid.row = row;

@@ -11,6 +11,7 @@
 #include "desktop/desktop.h"
 #include "desktop/form_window.h"
 #include "desktop/grid_table.h"
+#include "desktop/page_layout.h"
 #include "shell/program.h"
 #include "support/scratch_folder.h"
 #include "screen_helpers.h"
@@ -163,7 +164,8 @@ TEST(LargeScreens, EachFitsTheDisplay) {
   testing::ScratchFolder folder;
   Desktop desktop(shell::program());
   for (const char* name : {"ENTRADA", "CONSULTA", "CAIXA", "BUSCAIXA", "Contas", "bxx", "BUSCON", "CONBX", "CONCLIE",
-                           "PRODUTO", "Cadastro", "FORNE", "ETI"}) {
+                           "PRODUTO", "Cadastro", "FORNE", "ETI", "PEDIDO", "balanco", "deve", "GRUPOS", "IMPEREFE",
+                           "AUTO", "REPARA", "TELEFONE", "fone", "Impe", "NAS", "vendaimpre"}) {
     SCOPED_TRACE(name);
     ui::Form& form = desktop.runtime().show(name);
     desktop.sync();
@@ -191,6 +193,35 @@ TEST(Layout, AFieldsOwnButtonsStandBesideIt) {
     EXPECT_EQ(window->widget(form[button])->parentWidget(), row);
   }
   EXPECT_EQ(window->widget(form["Volta"])->parentWidget(), window);
+}
+
+// A row of many buttons after a field (a price table's halves, each with
+// its print and sheet) stands under the field, which keeps its width.
+TEST(Layout, ManyButtonsOfAFieldStandUnderIt) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  FormWindow* window = show_active(desktop, "GRUPOS");
+  ui::Form& form = window->form();
+  QWidget* field = window->widget(form["E1"]);
+  QWidget* first = window->widget(form["Command1"]);
+  EXPECT_EQ(first->parentWidget(), field->parentWidget()) << "they stay with their field";
+  EXPECT_GE(first->mapTo(window, QPoint()).y(), field->mapTo(window, QPoint(0, field->height())).y());
+  EXPECT_GE(field->width(), kFieldWidthInRows);
+  EXPECT_LE(window->minimumSizeHint().width(), 1024) << "a smaller display still shows the row whole";
+}
+
+// A field with no caption of its own (the phone book's second line of a
+// birthday and of a phone) lines up with the captioned fields above it.
+TEST(Layout, AFieldWithoutCaptionLinesUpWithTheFields) {
+  testing::ScratchFolder folder;
+  Desktop desktop(shell::program());
+  FormWindow* window = show_active(desktop, "TELEFONE");
+  ui::Form& form = window->form();
+  form["SSTab1"].list_index = 1;
+  desktop.sync();
+  auto left = [&](const char* name) { return window->widget(form[name])->mapTo(window, QPoint()).x(); };
+  EXPECT_EQ(left("A4"), left("A3"));
+  EXPECT_EQ(left("A7"), left("A6"));
 }
 
 }  // namespace

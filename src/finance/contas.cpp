@@ -44,6 +44,11 @@ void add_menus(ui::Runtime& rt, ui::Form& f) {
   f.add("wewe", ControlKind::MenuItem, "Busca").on_click = [&rt] { rt.show("BUSCON"); };
   add_reports_menu(rt, f);
   f.add("yjkio", ControlKind::MenuItem, "Volta").on_click = [&rt] { rt.close("Contas"); };
+  f["sds"].tooltip = " APÓS DIGITAR OS DADOS DA CONTA, CLIQUE AQUI PARA INCLUIR.";
+  f["asasss"].tooltip = " CLIQUE AQUI, PARA LIMPAR A TELA PARA UMA NOVA OPERAÇÃO.";
+  f["dfdf"].tooltip = " CLIQUE AQUI, PARA RELANÇAR A ÚLTIMA CONTA INCLUIDA.";
+  f["wewe"].tooltip = " CLIQUE AQUI, PARA BUSCAR OS LANÇAMENTOS.";
+  f["yjkio"].tooltip = " CLIQUE AQUI, PARA VOLTAR A TELA INICIAL.";
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include "shell/screens.h"
 #include "finance/screens.h"
 #include "maintenance/screens.h"
+#include "sales/results_screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
 #include "stock/screens.h"
@@ -15,8 +16,8 @@ namespace {
 
 // Every screen a menu or a gate can reach that is not built yet.
 const char* const kNotYetBuilt[] = {"Estorno",  "IMPEREFE",
-                                    "PEDIDO",   "deve",    "troca",  "balanco",  "GRUPOS",   "Impecon",
-                                    "IMPECON2", "IMPECON4", "Prod",  "BUSVENDA"};
+                                    "PEDIDO",   "deve",    "balanco",  "GRUPOS",   "Impecon",
+                                    "IMPECON2", "IMPECON4"};
 
 }  // namespace
 
@@ -72,6 +73,9 @@ ui::Program program() {
     rt.register_screen("BNOME", sales::venda::make_bnome);
     rt.register_screen("fotos", sales::venda::make_fotos);
     rt.register_screen("vendaimpre", sales::make_vendaimpre);
+    rt.register_screen("troca", sales::make_troca);
+    rt.register_screen("BUSVENDA", sales::make_busvenda);
+    rt.register_screen("Prod", sales::make_prod);
     for (const char* name : kNotYetBuilt)
       rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "core/format.h"
+#include "core/input_helpers.h"
 #include "sales/prod/results.h"
 #include "sales/prod/seller_report.h"
 #include "sales/results_screens.h"
@@ -71,11 +72,17 @@ std::unique_ptr<ui::Form> make_prod(ui::Runtime& rt) {
   ui::Form& f = *form;
   f.width = 1200;
   f.height = 700;
-  for (auto [name, caption] : {std::pair{"A2", "DATA INICIAL:"}, std::pair{"A3", "DATA FINAL:"}}) {
-    ui::Control& date = ui::add_field(f, name, ControlKind::MaskedBox, caption);
-    ui::date_field(date);
-    date.enter_moves_on = true;
-  }
+  // Left empty, the first date starts the period at the earliest sales.
+  ui::Control& from = ui::add_field(f, "A2", ControlKind::MaskedBox, "DATA INICIAL:");
+  from.mask = "##/##/####";
+  from.enter_moves_on = true;
+  from.on_lost_focus = [&rt, &f] {
+    const std::string& text = f["A2"].text();
+    f["A2"].set_text(text.empty() ? kStart : date_field_rule(text, rt.host().today()));
+  };
+  ui::Control& to = ui::add_field(f, "A3", ControlKind::MaskedBox, "DATA FINAL:");
+  ui::date_field(to);
+  to.enter_moves_on = true;
   f.add("Command1", ControlKind::Button, "Busca").on_click = [&rt, &f] { search(rt, f); };
   ui::Control& reference = ui::add_field(f, "GR", ControlKind::TextBox, "REFERÊNCIA:");
   ui::number_field(reference);

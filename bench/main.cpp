@@ -29,6 +29,7 @@ const Area kAreas[] = {
     {"account_search", mz::bench::run_account_search_benchmarks},
     {"venda", mz::bench::run_venda_benchmarks},
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
+    {"prod", mz::bench::run_prod_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

@@ -70,5 +70,6 @@ void run_settlement_benchmarks(const fs::path& folder);
 void run_account_search_benchmarks(const fs::path& folder);
 void run_venda_benchmarks(const fs::path& folder);
 void run_sale_posting_benchmarks(const fs::path& folder);
+void run_prod_benchmarks(const fs::path& folder);
 
 }  // namespace mz::bench

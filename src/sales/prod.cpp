@@ -41,12 +41,12 @@ void show_products(ui::Form& f, const prod::ProductTotals& totals) {
 void search(ui::Runtime& rt, ui::Form& f) {
   clear(f);
   rt.wait_pointer(true);
-  const prod::Period p = period(rt, f);
-  ui::show_rows(f["Grid4"], kLines, prod::line_rows(p));
-  const prod::ProductTotals totals = prod::product_totals(p, prod::Costs());
+  const std::vector<prod::Line> lines = prod::period_lines(period(rt, f));
+  ui::show_rows(f["Grid4"], kLines, prod::line_rows(lines));
+  const prod::ProductTotals totals = prod::product_totals(lines, prod::Costs());
   show_products(f, totals);
-  ui::show_rows(f["Grid3"], kRanking, prod::ranking(p));
-  const Currency charged = prod::charged_total(p);
+  ui::show_rows(f["Grid3"], kRanking, prod::ranking(lines));
+  const Currency charged = prod::charged_total(lines);
   f["TD"].set_text(prod::money(charged));
   f["TTD"].set_text(prod::money(totals.sales - charged));
   rt.wait_pointer(false);
@@ -56,7 +56,7 @@ void search_reference(ui::Runtime& rt, ui::Form& f) {
   const std::string reference = f["GR"].text();
   if (reference.empty()) return;  // no reference typed: nothing to narrow to
   for (const char* name : {"T1", "T2", "T3"}) f[name].set_text("0,00");
-  show_products(f, prod::product_totals(period(rt, f), prod::Costs(), &reference));
+  show_products(f, prod::product_totals(prod::period_lines(period(rt, f), &reference), prod::Costs(), true));
   f["SSTab1"].set_list_index(0);
 }
 

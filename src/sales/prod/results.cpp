@@ -1,7 +1,10 @@
 #include "sales/prod/results.h"
 
+#include <algorithm>
+
 #include "core/format.h"
 #include "core/text.h"
+#include "sales/prod/groups.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "store/unit.h"
@@ -9,83 +12,110 @@
 
 namespace mz::sales::prod {
 
-namespace {
+std::vector<Line> period_lines(const Period& p, const std::string* reference) {
+  std::string sql = "SELECT QTDA, V3, CODIGO, V1, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR, REFERENCIA, V2 from VENDA "
+                    "WHERE " + p.between();
+  if (reference) sql += " AND (VENDA.REFERENCIA Like " + store::sql_quote(*reference) + ")";
+  std::vector<Line> lines;
+  store::Database db = store::Workspace::open_database("\\VENDA.MDB");
+  for (store::Recordset rs = db.open_recordset(sql + " ORDER BY DATA"); !rs.eof(); rs.move_next())
+    lines.push_back({rs[0], rs[1], rs[2], rs[3], rs[4], rs[5], rs[6], rs[7], rs[8], rs[9], rs[10]});
+  return lines;
+}
 
-store::Database sales() { return store::Workspace::open_database("\\VENDA.MDB"); }
-
-// Quantity × unit price, the price kept as text on the line.
-Currency line_value(const Value& quantity, const Value& price) { return amount_of(quantity) * amount_of(price); }
-
-}  // namespace
-
-Rows line_rows(const Period& p) {
+Rows line_rows(const std::vector<Line>& lines) {
   Rows rows;
-  store::Database db = sales();
-  for (store::Recordset rs = db.open_recordset("SELECT QTDA, V3, CODIGO, V1, DATA, NOME, VENDEDOR, PAGAMENTO from "
-                                               "VENDA WHERE " + p.between() + " ORDER BY DATA, CODIGO");
-       !rs.eof(); rs.move_next())
-    rows.push_back({money(line_value(rs[0], rs[1])), rs[2].text(), rs[3].text(), store::data_tela(rs[4]), rs[5].text(),
-                    rs[6].text(), rs[7].text()});
+  rows.reserve(lines.size());
+  for (const Line& l : lines)
+    rows.push_back({money(amount_of(l.v3) * amount_of(l.qtda)), l.codigo.text(), l.v1.text(),
+                    store::data_tela(l.data), l.nome.text(), l.vendedor.text(), l.pagamento.text()});
   return rows;
 }
+
+namespace {
+
+// GR is found in any case spelling.
+std::string reference_key(const std::string& reference) {
+  std::string key;
+  add_to_key(key, Value(reference));
+  return key;
+}
+
+}  // namespace
 
 Costs::Costs() {
   store::Database db = store::Workspace::open_database("\\REFE.Mdb");
   // The first card of a code is the one a search by GR would meet.
   for (store::Recordset rs = db.open_recordset("SELECT GR, E7 FROM GRUPO"); !rs.eof(); rs.move_next())
-    cost_.emplace(ucase(rs[0].text()), amount_of(rs[1]));
+    cost_.emplace(reference_key(rs[0].text()), amount_of(rs[1]));
 }
 
 Currency Costs::of(const std::string& reference) const {
-  auto it = cost_.find(ucase(reference));
+  auto it = cost_.find(reference_key(reference));
   return it == cost_.end() ? Currency{} : it->second;
 }
 
-ProductTotals product_totals(const Period& p, const Costs& costs, const std::string* reference) {
-  std::string group = "V1, V3, REFERENCIA, V2";
-  std::string sql = "SELECT SUM(QTDA), " + group + (reference ? ", CODIGO" : "") + " FROM VENDA WHERE " + p.between();
-  if (reference) {
-    sql += " AND (VENDA.REFERENCIA Like " + store::sql_quote(*reference) + ")";
-    group += ", CODIGO";
+ProductTotals product_totals(const std::vector<Line>& lines, const Costs& costs, bool by_sale) {
+  Groups<Quantity> groups;
+  for (const Line& l : lines) {
+    Quantity& quantity = by_sale ? groups.at({&l.v1, &l.v3, &l.referencia, &l.v2, &l.codigo})
+                                 : groups.at({&l.v1, &l.v3, &l.referencia, &l.v2});
+    quantity.add(l.qtda);
   }
-  sql += " GROUP BY " + group + " ORDER BY " + group;
+  const auto& listed = groups.sorted();
   ProductTotals totals;
-  store::Database db = sales();
-  for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next()) {
-    const Currency quantity = amount_of(rs[0]), price = amount_of(rs[2]);
-    const Currency cost = costs.of(rs[3].text());
-    totals.cost = totals.cost + cost * quantity;
-    totals.sales = totals.sales + price * quantity;
-    totals.rows.push_back({rs[0].text(), rs[3].text(), rs[1].text(), rs[4].text(), ui::money_text(rs[2]), money(cost),
-                           money(price * quantity), reference ? "Nr. Venda: " + rs[5].text() : ""});
+  totals.rows.reserve(listed.size());
+  for (const auto& [key, quantity, bytes] : listed) {
+    const Currency sold = amount_of(quantity.value()), price = amount_of(key[1]);
+    const Currency cost = costs.of(key[2].text());
+    totals.cost = totals.cost + cost * sold;
+    totals.sales = totals.sales + price * sold;
+    totals.rows.push_back({quantity.value().text(), key[2].text(), key[0].text(), key[3].text(), ui::money_text(key[1]),
+                           money(cost), money(price * sold), by_sale ? "Nr. Venda: " + key[4].text() : ""});
   }
   return totals;
 }
 
-Rows ranking(const Period& p) {
-  {
-    // The work table is refilled whole, with no question between.
-    store::Unit unit({"\\TMPK.MDB"});
-    store::Database tmp = unit.database("\\TMPK.MDB");
-    tmp.execute("DELETE FROM tmp;");
-    store::Recordset out = tmp.open_recordset("SELECT A1, A2, A3 FROM tmp");
-    store::Database db = sales();
-    // One row per reference: its lines at every price and size summed, the
-    // description of the first.
-    for (store::Recordset rs = db.open_recordset("SELECT SUM(QTDA), REFERENCIA, MIN(V1) FROM VENDA WHERE " +
-                                                 p.between() + " GROUP BY REFERENCIA ORDER BY REFERENCIA");
-         !rs.eof(); rs.move_next()) {
-      out.add_new();
-      // Text padded to 5 digits gives the order: 100000 or more sorts low.
-      out["A1"] = Value(format(rs[0].value(), "00000"));
-      out["A2"] = rs[1].value();
-      out["A3"] = rs[2].value();
-      out.update();
-    }
-    out.close();
-    unit.commit();
+namespace {
+
+// One row per reference: its lines at every price and size summed, with
+// the description that sorts first.
+struct Ranked {
+  Quantity quantity;
+  Value v1 = Value::null();  // the least description met, nulls passed over
+};
+
+void fill_tmp(const Groups<Ranked>& groups) {
+  // The work table is refilled whole, with no question between.
+  store::Unit unit({"\\TMPK.MDB"});
+  store::Database tmp = unit.database("\\TMPK.MDB");
+  tmp.execute("DELETE FROM tmp;");
+  store::Recordset out = tmp.open_recordset("SELECT A1, A2, A3 FROM tmp");
+  for (const auto& [key, ranked, bytes] : groups.met()) {
+    out.add_new();
+    // Text padded to 5 digits gives the order: 100000 or more sorts low.
+    out["A1"] = Value(format(ranked.quantity.value(), "00000"));
+    out["A2"] = key[0];
+    out["A3"] = ranked.v1;
+    out.update();
   }
+  out.close();
+  unit.commit();
+}
+
+}  // namespace
+
+Rows ranking(const std::vector<Line>& lines) {
+  Groups<Ranked> groups;
+  for (const Line& l : lines) {
+    Ranked& ranked = groups.at({&l.referencia});
+    const bool first = ranked.v1.is_null() && !l.v1.is_null();
+    if (first || (!l.v1.is_null() && group_before({l.v1}, {ranked.v1}))) ranked.v1 = l.v1;
+    ranked.quantity.add(l.qtda);
+  }
+  fill_tmp(groups);
   Rows rows;
+  rows.reserve(groups.size());
   store::Database tmp = store::Workspace::open_database("\\TMPK.MDB");
   for (store::Recordset rs = tmp.open_recordset("SELECT A1, A2, A3 FROM TMP ORDER BY A1 DESC, A2"); !rs.eof();
        rs.move_next())
@@ -93,9 +123,15 @@ Rows ranking(const Period& p) {
   return rows;
 }
 
-Currency charged_total(const Period& p) {
+Currency charged_total(const std::vector<Line>& lines) {
+  // The sale's header repeats on its lines, VALOR its total among them.
+  Groups<bool> sales;
   Currency total;
-  for (const SaleRow& s : period_sales(p)) total = total + amount_of(s.total);
+  for (const Line& l : lines) {
+    const size_t before = sales.size();
+    sales.at({&l.codigo, &l.data, &l.nome, &l.vendedor, &l.pagamento, &l.valor});
+    if (sales.size() > before) total = total + amount_of(l.valor);
+  }
   return total;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 // What Prod shows of a period: the lines, the products with their cost and
-// result, the ranking, and the sales as they were charged.
+// result, the ranking, and the sales as they were charged. The period's
+// lines are read once and every list is made from them.
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -11,9 +12,18 @@ namespace mz::sales::prod {
 
 using Rows = std::vector<std::vector<std::string>>;
 
-// Each line of the period: its value (unit price × quantity), number,
-// product, date, customer, seller, payment form.
-Rows line_rows(const Period& p);
+// A sold line with the sale's header columns it repeats.
+struct Line {
+  Value qtda, v3, codigo, v1, data, nome, vendedor, pagamento, valor, referencia, v2;
+};
+
+// The lines of the period, in date order; with `reference`, only those of
+// the references it matches (a Like pattern).
+std::vector<Line> period_lines(const Period& p, const std::string* reference = nullptr);
+
+// Each line: its value (unit price × quantity), number, product, date,
+// customer, seller, payment form.
+Rows line_rows(const std::vector<Line>& lines);
 
 // The cost E7 of every reference, read once; a reference missing from
 // GRUPO costs 0.
@@ -32,14 +42,14 @@ struct ProductTotals {
   Currency sales;  // unit price × quantity, before any discount
 };
 
-// The products sold in the period, grouped by line text, price, reference
-// and size; with `reference`, only that reference's, sale by sale.
-ProductTotals product_totals(const Period& p, const Costs& costs, const std::string* reference = nullptr);
+// The products grouped by line text, price, reference and size, and with
+// `by_sale` sale by sale.
+ProductTotals product_totals(const std::vector<Line>& lines, const Costs& costs, bool by_sale = false);
 
 // The references by quantity sold, through the work table tmp of TMPK.MDB.
-Rows ranking(const Period& p);
+Rows ranking(const std::vector<Line>& lines);
 
 // The sales' totals after discount, each sale once.
-Currency charged_total(const Period& p);
+Currency charged_total(const std::vector<Line>& lines);
 
 }  // namespace mz::sales::prod

@@ -3,6 +3,7 @@
 // row per sale, its header columns repeated on its lines grouped together.
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/value.h"
@@ -31,6 +32,15 @@ struct SaleRow {
 // The sales of the period, in number order; `column` and `value` keep only
 // those whose column equals the value.
 std::vector<SaleRow> period_sales(const Period& p, const char* column = nullptr, const std::string& value = {});
+
+// A grid row of these texts, moved in rather than copied from a list.
+template <typename... Texts>
+std::vector<std::string> cells(Texts&&... texts) {
+  std::vector<std::string> row;
+  row.reserve(sizeof...(texts));
+  (row.push_back(std::forward<Texts>(texts)), ...);
+  return row;
+}
 
 // Money read from a column; a null or an unreadable text counts as 0.
 Currency amount_of(const Value& v);

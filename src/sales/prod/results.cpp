@@ -27,8 +27,8 @@ Rows line_rows(const std::vector<Line>& lines) {
   Rows rows;
   rows.reserve(lines.size());
   for (const Line& l : lines)
-    rows.push_back({money(amount_of(l.v3) * amount_of(l.qtda)), l.codigo.text(), l.v1.text(),
-                    store::data_tela(l.data), l.nome.text(), l.vendedor.text(), l.pagamento.text()});
+    rows.push_back(cells(money(amount_of(l.v3) * amount_of(l.qtda)), l.codigo.text(), l.v1.text(),
+                         store::data_tela(l.data), l.nome.text(), l.vendedor.text(), l.pagamento.text()));
   return rows;
 }
 
@@ -70,8 +70,9 @@ ProductTotals product_totals(const std::vector<Line>& lines, const Costs& costs,
     const Currency cost = costs.of(key[2].text());
     totals.cost = totals.cost + cost * sold;
     totals.sales = totals.sales + price * sold;
-    totals.rows.push_back({quantity.value().text(), key[2].text(), key[0].text(), key[3].text(), ui::money_text(key[1]),
-                           money(cost), money(price * sold), by_sale ? "Nr. Venda: " + key[4].text() : ""});
+    totals.rows.push_back(cells(quantity.value().text(), key[2].text(), key[0].text(), key[3].text(),
+                                ui::money_text(key[1]), money(cost), money(price * sold),
+                                by_sale ? "Nr. Venda: " + key[4].text() : std::string()));
   }
   return totals;
 }
@@ -119,7 +120,7 @@ Rows ranking(const std::vector<Line>& lines) {
   store::Database tmp = store::Workspace::open_database("\\TMPK.MDB");
   for (store::Recordset rs = tmp.open_recordset("SELECT A1, A2, A3 FROM TMP ORDER BY A1 DESC, A2"); !rs.eof();
        rs.move_next())
-    rows.push_back({rs[0].text(), rs[1].text(), rs[2].text()});
+    rows.push_back(cells(rs[0].text(), rs[1].text(), rs[2].text()));
   return rows;
 }
 

@@ -25,6 +25,8 @@ int compare(const Value& a, const Value& b) {
 
 }  // namespace
 
+bool value_before(const Value& a, const Value& b) { return compare(a, b) < 0; }
+
 bool group_before(const GroupKey& a, const GroupKey& b) {
   for (size_t i = 0; i < a.size() && i < b.size(); ++i)
     if (int c = compare(a[i], b[i])) return c < 0;

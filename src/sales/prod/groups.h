@@ -18,6 +18,7 @@ using GroupKey = std::vector<Value>;
 // Ascending as the store sorts: null first, numbers and dates by value,
 // texts in the shop's collation.
 bool group_before(const GroupKey& a, const GroupKey& b);
+bool value_before(const Value& a, const Value& b);
 
 // One text for the columns of a group: equal exactly when the store would
 // put the two rows in one group. True when the column was null or plain

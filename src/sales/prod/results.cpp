@@ -111,7 +111,7 @@ Rows ranking(const std::vector<Line>& lines) {
   for (const Line& l : lines) {
     Ranked& ranked = groups.at({&l.referencia});
     const bool first = ranked.v1.is_null() && !l.v1.is_null();
-    if (first || (!l.v1.is_null() && group_before({l.v1}, {ranked.v1}))) ranked.v1 = l.v1;
+    if (first || (!l.v1.is_null() && value_before(l.v1, ranked.v1))) ranked.v1 = l.v1;
     ranked.quantity.add(l.qtda);
   }
   fill_tmp(groups);

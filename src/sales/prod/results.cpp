@@ -1,9 +1,6 @@
 #include "sales/prod/results.h"
 
-#include <algorithm>
-
 #include "core/format.h"
-#include "core/text.h"
 #include "sales/prod/groups.h"
 #include "store/database.h"
 #include "store/sql_text.h"

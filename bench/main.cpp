@@ -22,6 +22,7 @@ const Area kAreas[] = {
     {"records", mz::bench::run_records_benchmarks},
     {"consulta", mz::bench::run_consulta_benchmarks},
     {"entrada", mz::bench::run_entrada_benchmarks},
+    {"pedido", mz::bench::run_pedido_benchmarks},
     {"labels", mz::bench::run_label_benchmarks},
     {"cash", mz::bench::run_cash_benchmarks},
     {"accounts", mz::bench::run_accounts_benchmarks},
@@ -29,6 +30,10 @@ const Area kAreas[] = {
     {"account_search", mz::bench::run_account_search_benchmarks},
     {"venda", mz::bench::run_venda_benchmarks},
     {"sale_posting", mz::bench::run_sale_posting_benchmarks},
+    {"balanco", mz::bench::run_balanco_benchmarks},
+    {"grupos", mz::bench::run_grupos_benchmarks},
+    {"sales_search", mz::bench::run_sales_search_benchmarks},
+    {"closing", mz::bench::run_closing_benchmarks},
     {"prod", mz::bench::run_prod_benchmarks},
 };
 

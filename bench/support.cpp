@@ -97,17 +97,22 @@ void fill_ledger(const fs::path& file, const char* table, int rows, std::mt19937
   sql += ")";
   raw.exec("BEGIN");
   sqlite3_stmt* insert = raw.prepare(sql);
-  std::uniform_int_distribution<int> ref(0, kReferences - 1), slot(1, 50), qty(1, 5), day(0, 3 * 365), cents(100, 99999);
+  std::uniform_int_distribution<int> ref(0, kReferences - 1), slot(1, 50), qty(1, 5), cents(100, 99999);
+  // A document of three lines shares its number, date and party; documents
+  // are numbered in date order over five years, as a shop records them.
+  const int documents = (rows + 2) / 3;
   for (int r = 0; r < rows; ++r) {
+    const int document = r / 3;
     char code[16];
-    std::snprintf(code, sizeof code, "%08d", r / 3 + 1);
+    std::snprintf(code, sizeof code, "%08d", document + 1);
     bind_text(insert, 1, code);
-    sqlite3_bind_double(insert, 2, 45292 + day(rng));  // days from 2024 on
+    const int day = static_cast<int>(static_cast<long long>(document) * kLedgerDays / documents);
+    sqlite3_bind_double(insert, 2, kFirstLedgerDay + day);
     bind_text(insert, 3, reference_code(ref(rng)));
     int q = qty(rng), s = slot(rng);
     sqlite3_bind_int(insert, 4, q);
     sqlite3_bind_double(insert, 5, cents(rng) / 100.0);
-    bind_text(insert, 6, supplier_name(r % kSuppliers));
+    bind_text(insert, 6, supplier_name(document % kSuppliers));
     for (int n = 1; n <= 50; ++n) sqlite3_bind_int(insert, 6 + n, n == s ? q : 0);
     sqlite3_step(insert);
     sqlite3_reset(insert);
@@ -173,13 +178,13 @@ void build_accounts(const fs::path& folder) {
 }
 
 void build_data(const fs::path& folder) {
-  if (!fs::exists(folder / "bench-customers-2") && fs::exists(folder / "bench-ready-2")) {
+  if (!fs::exists(folder / "bench-customers-2") && fs::exists(folder / "bench-ready-3")) {
     std::printf("Preparando os clientes de medição em %s ...\n", folder.c_str());
     store::setup_data_folder(folder);  // the customers' indexes
     fill_customers(folder);
     std::fclose(std::fopen((folder / "bench-customers-2").c_str(), "w"));
   }
-  if (fs::exists(folder / "bench-ready-2")) return;
+  if (fs::exists(folder / "bench-ready-3")) return;
   std::printf("Preparando os dados de medição em %s ...\n", folder.c_str());
   fs::remove_all(folder);
   store::setup_data_folder(folder);
@@ -207,7 +212,7 @@ void build_data(const fs::path& folder) {
   for (const char* f : {"refe.db", "entra.db", "venda.db", "sai.db"}) Raw(folder / f).exec("ANALYZE");
   fill_customers(folder);
   std::fclose(std::fopen((folder / "bench-customers-2").c_str(), "w"));
-  std::fclose(std::fopen((folder / "bench-ready-2").c_str(), "w"));
+  std::fclose(std::fopen((folder / "bench-ready-3").c_str(), "w"));
 }
 
 

@@ -19,6 +19,9 @@ constexpr int kSalesRows = 1000000;
 constexpr int kOutflowRows = 200000;
 constexpr int kCustomers = 50000;
 constexpr int kAccounts = 200000;
+// The ledgers' documents run over five years: 01/01/2022 to 31/12/2026.
+constexpr int kFirstLedgerDay = 44562;
+constexpr int kLedgerDays = 5 * 365;
 
 std::string reference_code(int i);
 // The party of a movement: a supplier on the inflow, a customer on a sale.
@@ -63,6 +66,7 @@ void run_store_benchmarks(const fs::path& folder);
 void run_records_benchmarks(const fs::path& folder);
 void run_consulta_benchmarks(const fs::path& folder);
 void run_entrada_benchmarks(const fs::path& folder);
+void run_pedido_benchmarks(const fs::path& folder);
 void run_label_benchmarks(const fs::path& folder);
 void run_cash_benchmarks(const fs::path& folder);
 void run_accounts_benchmarks(const fs::path& folder);
@@ -70,6 +74,10 @@ void run_settlement_benchmarks(const fs::path& folder);
 void run_account_search_benchmarks(const fs::path& folder);
 void run_venda_benchmarks(const fs::path& folder);
 void run_sale_posting_benchmarks(const fs::path& folder);
+void run_balanco_benchmarks(const fs::path& folder);
+void run_grupos_benchmarks(const fs::path& folder);
+void run_sales_search_benchmarks(const fs::path& folder);
+void run_closing_benchmarks(const fs::path& folder);
 void run_prod_benchmarks(const fs::path& folder);
 
 }  // namespace mz::bench

@@ -47,8 +47,15 @@ void Desktop::start() {
   try {
     program_.start(runtime_);
   } catch (const Error& e) {
-    message_box("Erro " + std::to_string(e.number()) + ": " + e.what(), ui::Buttons::Ok, ui::Icon::Critical, "Mostruz");
+    return report_failure(e);
   }
+  sync();
+}
+
+void Desktop::report_failure(const Error& failure) {
+  wait_pointer(false);
+  message_box("Erro " + std::to_string(failure.number()) + ": " + failure.what(), ui::Buttons::Ok, ui::Icon::Critical,
+              "Mostruz");
   sync();
 }
 
@@ -243,11 +250,26 @@ void Desktop::start_program(const std::string& program) {
   QProcess::startDetached(q((store::Workspace::folder() / program).string()), {});
 }
 
+bool ShopApplication::notify(QObject* receiver, QEvent* event) {
+  if (!desktop) return QApplication::notify(receiver, event);
+  try {
+    return QApplication::notify(receiver, event);
+  } catch (const Error& e) {
+    desktop->report_failure(e);
+    return true;
+  }
+}
+
 int run_desktop(int argc, char** argv, const std::filesystem::path& folder, const ui::Program& program) {
-  QApplication app(argc, argv);
+  ShopApplication app(argc, argv);
   store::prepare_shop_folder(folder);
   store::Workspace::set_folder(folder);
   Desktop desktop(program);
+  app.desktop = &desktop;
+  struct Untrap {
+    ShopApplication& app;
+    ~Untrap() { app.desktop = nullptr; }  // the desktop goes before the application
+  } untrap{app};
   desktop.start();
   if (QApplication::topLevelWidgets().isEmpty() || desktop.runtime().ended()) return 0;  // no main screen came up
   return app.exec();

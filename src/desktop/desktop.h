@@ -1,6 +1,7 @@
 #pragma once
 // The Qt front end: draws every open screen of the runtime and forwards the
 // user's focus moves, keys and clicks to it. It keeps no logic of its own.
+#include <QApplication>
 #include <QDialog>
 #include <QLockFile>
 #include <QObject>
@@ -12,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "core/error.h"
 #include "ui/runtime.h"
 #include "ui/script_runner.h"
 
@@ -30,6 +32,8 @@ class Desktop : public QObject, public ui::Host {
   // Brings every window in line with the runtime's state, then puts the
   // keyboard focus where the runtime has it.
   void sync();
+  // A failure no handler trapped: its message, then the screens as it left them.
+  void report_failure(const Error& failure);
 
   // ui::Host
   ui::Answer message_box(const std::string& text, ui::Buttons buttons, ui::Icon icon, const std::string& title) override;
@@ -64,6 +68,16 @@ class Desktop : public QObject, public ui::Host {
   int in_dialog_ = 0;
   bool ending_ = false;
   QString printer_;  // chosen in the last printer dialog; empty: the system's default
+};
+
+// The desktop's application: a handler's failure that its screen does not
+// trap is shown as the old runtime showed it ("Erro 6: Overflow"), and the
+// program goes on with the screen as the failure left it.
+class ShopApplication : public QApplication {
+ public:
+  using QApplication::QApplication;
+  bool notify(QObject* receiver, QEvent* event) override;
+  Desktop* desktop = nullptr;  // shows the failures; until set, none is trapped
 };
 
 // Opens the program on the data folder (setting up a new shop first);

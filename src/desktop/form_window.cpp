@@ -71,6 +71,15 @@ bool is_table(const QWidget* w) { return qobject_cast<const QTableWidget*>(w) !=
 
 bool is_caption(const ui::Control& c) { return c.kind() == ControlKind::Label && !c.text().empty(); }
 
+// A bold figure under a bold caption of its own is a total the clerk and the
+// customer read across the counter: it is drawn this much larger.
+constexpr double kFigureScale = 2.5;
+
+bool is_stressed_figure(const ui::Control& c) {
+  const ui::Control* caption = c.form().find("L" + c.name());
+  return c.kind() == ControlKind::Label && c.bold && caption && caption->bold;
+}
+
 bool is_wide(const ui::Control& c) {
   return c.kind() == ControlKind::Grid || c.kind() == ControlKind::BoundGrid || c.kind() == ControlKind::ListBox;
 }
@@ -133,11 +142,28 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       continue;
     }
     std::vector<PagePlace>& page = items[page_of(c)];
-    // A button on a later tab belongs to that tab; the others to the bar.
+    // A button on a later tab belongs to that tab, with the buttons declared
+    // beside it in a row of their own; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      if (pages.empty() || c.page == 0) bar.push_back(make_widget(c));
-      else page.push_back({nullptr, make_widget(c), nullptr, false});
+      if (pages.empty() || c.page == 0) {
+        bar.push_back(make_widget(c));
+        continue;
+      }
+      std::vector<QWidget*> row;
+      for (; i < controls.size() && controls[i]->kind() == ControlKind::Button && controls[i]->page == c.page; ++i)
+        row.push_back(make_widget(*controls[i]));
+      --i;
+      page.push_back({nullptr, nullptr, button_bar(row), true});
       continue;
+    }
+    // Options followed by the field they qualify (a discount in % or R$) stand
+    // in one line with it, under the heading before them when there is one.
+    if (c.kind() == ControlKind::OptionButton || (is_caption(c) && i + 1 < controls.size() &&
+                                                  controls[i + 1]->kind() == ControlKind::OptionButton)) {
+      if (QWidget* row = option_row(i)) {
+        page.push_back({c.kind() == ControlKind::Label ? make_widget(c) : nullptr, row, nullptr, false});
+        continue;
+      }
     }
     // A named block: each caption above its field, ten a row.
     if (!c.block.empty()) {
@@ -231,6 +257,28 @@ QWidget* FormWindow::with_buttons_beside(QWidget* field, size_t& i) {
   line->addWidget(field, 1);
   for (++i; i < end; ++i) line->addWidget(make_widget(*controls[i]));
   --i;
+  return row;
+}
+
+// At `i`, options of one group (after their heading, when `i` is on it) and
+// then a field with no caption of its own: one row of them all, `i` on the
+// field. Anything else gives none and leaves `i` alone.
+QWidget* FormWindow::option_row(size_t& i) {
+  const auto& controls = form_.controls();
+  size_t first = controls[i]->kind() == ControlKind::Label ? i + 1 : i;
+  size_t end = first;
+  while (end < controls.size() && controls[end]->kind() == ControlKind::OptionButton &&
+         controls[end]->group == controls[first]->group && controls[end]->page == controls[first]->page)
+    ++end;
+  const bool field_follows = end < controls.size() && controls[end]->is_entry() &&
+                             controls[end]->page == controls[first]->page && controls[end]->block.empty();
+  if (!field_follows) return nullptr;
+  auto* row = new QWidget(this);
+  auto* line = new QHBoxLayout(row);
+  line->setContentsMargins(0, 0, 0, 0);
+  for (size_t k = first; k < end; ++k) line->addWidget(make_widget(*controls[k]));
+  line->addWidget(make_widget(*controls[end]), 1);
+  i = end;
   return row;
 }
 
@@ -330,6 +378,7 @@ QWidget* FormWindow::make_widget(ui::Control& c) {
   if (c.bold) {
     QFont font = w->font();
     font.setBold(true);
+    if (is_stressed_figure(c)) font.setPointSizeF(font.pointSizeF() * kFigureScale);
     w->setFont(font);
   }
   watch(w, c);

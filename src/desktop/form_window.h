@@ -37,6 +37,7 @@ class FormWindow : public QWidget {
  private:
   QWidget* make_widget(ui::Control& control);
   QWidget* with_buttons_beside(QWidget* field, size_t& i);
+  QWidget* option_row(size_t& i);
   static void show_picture(QLabel* label, const std::string& text, int size);
   void watch(QWidget* widget, ui::Control& control);
   bool forward_key(ui::Control& control, QKeyEvent* key);

@@ -102,9 +102,25 @@ void GridTable::show_cells(const ui::GridCells& g) {
   for (int r = heading; r < g.rows && !figures && g.cols > 0; ++r) figures = is_number(g.cell(r, g.cols - 1));
   horizontalHeader()->setStretchLastSection(false);
   horizontalHeader()->setStretchLastSection(!figures);
+  // The figures then stand at the right edge, and the text that says what
+  // they are (a product's description) takes the room left beside them.
+  filling_col_ = -1;
+  for (int col = 0; figures && col < g.cols && g.rows > heading; ++col)
+    if (!is_number(g.cell(heading, col)) && (filling_col_ < 0 || columnWidth(col) > columnWidth(filling_col_)))
+      filling_col_ = col;
+  if (filling_col_ >= 0) filling_natural_ = columnWidth(filling_col_);
+  fill_width();
   // Every grid keeps its first column in sight as it scrolls sideways: the
   // reference or the name that says what a row is.
   set_frozen_columns(std::max(1, g.fixed_cols));
+}
+
+void GridTable::fill_width() {
+  if (filling_col_ < 0 || filling_col_ >= columnCount()) return;
+  int others = 0;
+  for (int col = 0; col < columnCount(); ++col)
+    if (col != filling_col_) others += columnWidth(col);
+  setColumnWidth(filling_col_, std::max(filling_natural_, viewport()->width() - others));
 }
 
 void GridTable::set_frozen_columns(int count) {
@@ -184,6 +200,7 @@ void GridTable::focusOutEvent(QFocusEvent* event) {
 
 void GridTable::resizeEvent(QResizeEvent* event) {
   QTableWidget::resizeEvent(event);
+  fill_width();
   place_frozen();
 }
 

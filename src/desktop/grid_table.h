@@ -40,8 +40,13 @@ class GridTable : public QTableWidget {
   void place_frozen();
   void snap(int offset);
   void follow_focus();
+  void fill_width();
 
   QTableView* frozen_;
+  // With figures in the last column, the widest column of text takes the
+  // width left; -1 when the last column stretches instead.
+  int filling_col_ = -1;
+  int filling_natural_ = 0;  // its width fitted to its contents
   int frozen_count_ = 0;
   int last_offset_ = 0;  // the horizontal offset before the last move
   bool snapping_ = false;

@@ -101,6 +101,7 @@ std::unique_ptr<ui::Form> make_conbx(ui::Runtime& rt) {
   kind.set_list_index(0);
   auto period_field = [&f](const std::string& name, const char* caption, int page) -> ui::Control& {
     ui::Control& field = on_page(ui::add_field(f, name, ControlKind::MaskedBox, caption), page);
+    on_page(f["L" + name], page);  // the caption stands on the field's page
     field.mask = "##/##/####";
     return field;
   };

@@ -1,10 +1,14 @@
 // Contas: enters accounts to pay and to receive by hand and shows the day's
-// settled movement with its totals. Settling, altering and deleting an
-// account on file go through BUSCON and bxx.
+// settled movement with its totals; its second tab shows the sales of a
+// period by payment form and by seller, and its Relatórios menu prints the
+// commissions, the account reports and the day closing. Settling, altering
+// and deleting an account on file go through BUSCON and bxx.
 #include <memory>
 #include <optional>
 
 #include "core/regional.h"
+#include "finance/contas/closing_commissions.h"
+#include "finance/contas/closing_ticket.h"
 #include "finance/contas/entry.h"
 #include "finance/contas/movement.h"
 #include "finance/screens.h"
@@ -18,23 +22,19 @@ using ui::ControlKind;
 
 namespace {
 
-// The commission tab and the printed reports are not built yet: each
-// opens the screen that says so.
-constexpr const char* kReportsScreen = "Impecon";
-
-struct MenuEntry {
-  const char* name;
-  const char* caption;
-  const char* screen;
-};
-// The items of "Relatórios", with the screen each opens for now.
-constexpr MenuEntry kReports[] = {
-    {"FFDD", "Relatório de comissão", kReportsScreen},
-    {"hjuiui", "Contas a pagar e receber", "Impecon"},
-    {"Mo", "Vendas do dia - Modo DOS", kReportsScreen},
-    {"sddssds", "Vendas do dia - Modo Gráfico", kReportsScreen},
-    {"ikolp", "Resultados", "Prod"},
-};
+// The items of "Relatórios": the commission report, the account reports,
+// the day closing in its two modes, and the sales results.
+void add_reports_menu(ui::Runtime& rt, ui::Form& f) {
+  f.add("FFDD", ControlKind::MenuItem, "Relatório de comissão").on_click = [&rt, &f] { print_commissions(rt, f); };
+  f.add("hjuiui", ControlKind::MenuItem, "Contas a pagar e receber").on_click = [&rt] { rt.show("Impecon"); };
+  f.add("Mo", ControlKind::MenuItem, "Vendas do dia - Modo DOS").on_click = [&rt, &f] {
+    print_closing(rt, f, TicketMode::Dos);
+  };
+  f.add("sddssds", ControlKind::MenuItem, "Vendas do dia - Modo Gráfico").on_click = [&rt, &f] {
+    print_closing(rt, f, TicketMode::Graphic);
+  };
+  f.add("ikolp", ControlKind::MenuItem, "Resultados").on_click = [&rt] { rt.show("Prod"); };
+}
 
 void add_menus(ui::Runtime& rt, ui::Form& f) {
   f.add("sds", ControlKind::MenuItem, "Grava").on_click = [&rt, &f] { record(rt, f); };
@@ -42,8 +42,7 @@ void add_menus(ui::Runtime& rt, ui::Form& f) {
   f.add("dfdf", ControlKind::MenuItem, "Relança").on_click = [&rt, &f] { reissue_last(rt, f); };
   f.add("fgfg", ControlKind::MenuItem, "Apaga").on_click = [&rt, &f] { remove_picked(rt, f); };
   f.add("wewe", ControlKind::MenuItem, "Busca").on_click = [&rt] { rt.show("BUSCON"); };
-  for (const MenuEntry& item : kReports)
-    f.add(item.name, ControlKind::MenuItem, item.caption).on_click = [&rt, screen = item.screen] { rt.show(screen); };
+  add_reports_menu(rt, f);
   f.add("yjkio", ControlKind::MenuItem, "Volta").on_click = [&rt] { rt.close("Contas"); };
 }
 
@@ -56,11 +55,6 @@ std::unique_ptr<ui::Form> make_contas(ui::Runtime& rt) {
   tabs.items = {"01- Caixa", "02- Comissões"};
   tabs.set_list_index(0);
   tabs.tab_stop = false;
-  tabs.on_click = [&rt, &tabs] {
-    if (tabs.list_index == 0) return;
-    tabs.set_list_index(0);
-    rt.show(kReportsScreen);
-  };
 
   add_entry(f);
   // The hand pictures beside the types and the histories.
@@ -81,6 +75,7 @@ std::unique_ptr<ui::Form> make_contas(ui::Runtime& rt) {
   ui::add_field(f, "D11X", ControlKind::Label, "TOTAL DE DÉBITOS:");
   ui::add_field(f, "SL", ControlKind::Label, "TOTAL SALDO:");
   f.add("BARRA", ControlKind::Label);
+  add_commissions_tab(rt, f);
   add_menus(rt, f);
 
   f.on_load = [&rt, &f] {
@@ -88,6 +83,7 @@ std::unique_ptr<ui::Form> make_contas(ui::Runtime& rt) {
     load_lists(f);
     start_entry(rt, f);
     show_day(rt, f);
+    start_commissions(rt, f);
   };
   return form;
 }

@@ -1,8 +1,17 @@
 #include "print/line_printer.h"
 
 #include "core/text.h"
+#include "print/render.h"
 
 namespace mz::print {
+namespace {
+
+constexpr double kMmPerPoint = 25.4 / 72;
+
+// One print column: the average character width of Arial (0.441 em), in mm.
+double column_width(double size) { return size * kMmPerPoint * 0.441; }
+
+}  // namespace
 
 void LinePrinter::set_font(std::string name, double size) {
   doc_.font = std::move(name);
@@ -16,8 +25,8 @@ LinePrinter& LinePrinter::text(std::string_view s) {
 }
 
 LinePrinter& LinePrinter::tab(int column) {
-  size_t at = len(line_) + 1;  // the print position, 1-based
-  if (at > static_cast<size_t>(column)) {
+  size_t at = len(line_) + 1;  // the print position in characters, 1-based
+  if (at > static_cast<size_t>(column) || printed_position() > column) {
     end_line();
     at = 1;
   }
@@ -25,6 +34,16 @@ LinePrinter& LinePrinter::tab(int column) {
   line_starts_.push_back(static_cast<size_t>(column) - 1);
   open_line_ = true;
   return *this;
+}
+
+// Where the print head stands on paper, in print columns (1-based): the text
+// since the last print column is measured in the font, so a run of wide
+// capitals pushes the next column onto a new line as it would on paper.
+double LinePrinter::printed_position() const {
+  const size_t start = line_starts_.empty() ? 0 : line_starts_.back();
+  const std::u32string chars = to_u32(line_);
+  const std::string piece = start < chars.size() ? to_utf8(chars.substr(start)) : std::string();
+  return static_cast<double>(start) + text_width(piece, doc_.size, false) / column_width(doc_.size) + 1;
 }
 
 void LinePrinter::end_line() {
@@ -54,9 +73,8 @@ void RawPort::line(std::string_view text) { bytes_ += prefix_ + to_windows_1252(
 
 
 Document lay_out_printed(const PrintedDocument& printed) {
-  constexpr double kMargin = 10, kMmPerPoint = 25.4 / 72;
-  constexpr double kAverageCharWidth = 0.441;  // of Arial, in ems: the width of one print column
-  const double column = printed.size * kMmPerPoint * kAverageCharWidth;
+  constexpr double kMargin = 10;
+  const double column = column_width(printed.size);
   const double line_height = printed.size * kMmPerPoint * 1.15;
   Document doc;
   for (size_t p = 0; p < printed.pages.size(); ++p) {

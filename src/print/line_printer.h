@@ -39,6 +39,8 @@ class LinePrinter {
   PrintedDocument end_doc();
 
  private:
+  double printed_position() const;
+
   PrintedDocument doc_;
   std::vector<std::string> page_;
   std::vector<std::vector<size_t>> page_starts_;

@@ -161,6 +161,7 @@ std::unique_ptr<ui::Form> make_salacad(ui::Runtime& rt) {
     ui::Control& commission = f["X9"];
     if (!has_digit(commission.text())) commission.set_text("0");
     if (f["X2"].text().empty()) return (void)rt.message("O campo [Nome], não pode ficar em branco.");
+    if (ui::money_out_of_range(f["X11"].text())) return (void)rt.message(ui::kMoneyTooLarge);
     settle_typed_values(rt, f);
     // Written as it would be on leaving the field; a code left blank takes the next one.
     ui::Control& code = f["X1"];

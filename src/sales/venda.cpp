@@ -1,17 +1,22 @@
 // VENDA: the counter sale. Items are scanned into Grid1 on the first tab,
-// the sale is closed and recorded on the second; function keys reach the
-// tabs and the main buttons from any field.
+// the sale is closed, recorded or reversed on the second; the third searches
+// and recalls sales, the fourth lists a customer's purchases. Function keys
+// reach the tabs and the main buttons from any field.
 #include <functional>
 #include <memory>
 
 #include "sales/printing.h"
 #include "sales/screens.h"
 #include "sales/venda/closing.h"
+#include "sales/venda/history.h"
 #include "sales/venda/items.h"
 #include "sales/venda/recording.h"
+#include "sales/venda/reversal.h"
+#include "sales/venda/search.h"
 #include "sales/venda/sale.h"
 #include "ui/fields.h"
 #include "ui/keys.h"
+#include "ui/menu.h"
 
 namespace mz::sales {
 
@@ -19,34 +24,13 @@ using ui::ControlKind;
 
 namespace {
 
-constexpr int kSearchPage = 2;
-constexpr int kHistoryPage = 3;
-
-// The tabs not built yet open the notice of a module still to come.
+// The first two tabs put the focus where the clerk starts on them; the search
+// and history tabs wait for their buttons.
 void choose_tab(ui::Runtime& rt, ui::Form& f) {
   switch (f["SSTab1"].list_index) {
     case venda::kItemsPage: return venda::go_to_items(rt, f);
     case venda::kClosingPage: return venda::go_to_closing(rt, f);
-    case kSearchPage:
-    case kHistoryPage:
-      f["SSTab1"].set_list_index(venda::kItemsPage);
-      rt.show("BUSVENDA");
-      return;
     default: return;
-  }
-}
-
-// A field that takes the focus brings its tab to the front.
-void follow_pages(ui::Form& f) {
-  ui::Control& tabs = f["SSTab1"];
-  for (const auto& c : f.controls()) {
-    if (!c->is_entry() && c->kind() != ControlKind::Grid) continue;
-    std::function<void()> own = c->on_got_focus;
-    const int page = c->page;
-    c->on_got_focus = [&tabs, page, own] {
-      if (tabs.list_index != page) tabs.set_list_index(page);
-      if (own) own();
-    };
   }
 }
 
@@ -63,7 +47,7 @@ void add_closing_buttons(ui::Runtime& rt, ui::Form& f) {
     b.page = venda::kClosingPage;
     b.on_click = std::move(action);
   };
-  closing_button("Command1", "02- Estorno", [&rt] { rt.show("Estorno"); });
+  closing_button("Command1", "02- Estorno", [&rt, &f] { venda::reverse_recalled_sale(rt, f); });
   closing_button("Command17", "03- Troca", [&rt] { rt.show("troca"); });
   closing_button("Command14", "03- Cupom A", [&rt, &f] { print_cupom_a(rt, read_sale(f)); });
   closing_button("Command15", "04- Cupom B", [&rt, &f] { print_cupom_b(rt, read_sale(f)); });
@@ -73,13 +57,7 @@ void add_closing_buttons(ui::Runtime& rt, ui::Form& f) {
 
 // The function keys, each also an item of the screen's menu.
 void add_menu(ui::Runtime& rt, ui::Form& f) {
-  struct Item {
-    const char* name;
-    const char* caption;
-    int key;
-    std::function<void()> action;
-  };
-  const Item items[] = {
+  ui::add_menu_items(f, {
       {"MenuVenda", "Venda", 1, [&rt, &f] { venda::go_to_items(rt, f); }},
       {"MenuFechamento", "Fechamento", 2, [&rt, &f] { venda::go_to_closing(rt, f); }},
       {"MenuNovoValor", "Novo valor", 3, [&rt, &f] { venda::ask_new_price(rt, f); }},
@@ -92,12 +70,7 @@ void add_menu(ui::Runtime& rt, ui::Form& f) {
       {"MenuCarne", "Carnê", 10, [&rt, &f] { print_carne(rt, read_sale(f)); }},
       {"MenuImpressao", "Impressão", 11, [&rt] { rt.show("vendaimpre"); }},
       {"MenuFoto", "Foto", 12, [&rt, &f] { venda::show_photo(rt, f); }},
-  };
-  for (const Item& item : items) {
-    ui::Control& menu = f.add(item.name, ControlKind::MenuItem, item.caption);
-    menu.shortcut = ui::key::kF1 + item.key - 1;
-    menu.on_click = item.action;
-  }
+  });
 }
 
 }  // namespace
@@ -113,18 +86,25 @@ std::unique_ptr<ui::Form> make_venda(ui::Runtime& rt) {
   tabs.on_click = [&rt, &f] { choose_tab(rt, f); };
   venda::add_items_tab(rt, f);
   venda::add_closing_tab(rt, f, [&rt, &f] { add_closing_buttons(rt, f); });
+  venda::add_search_tab(rt, f);
+  venda::add_history_tab(rt, f);
   add_main_buttons(rt, f);
   add_menu(rt, f);
-  follow_pages(f);
+  ui::follow_pages(f);
 
   f.on_load = [&rt, &f] {
     rt.centre(f);
     f["SSTab1"].set_list_index(venda::kItemsPage);
+    venda::load_search_dates(rt, f);
     f["DT"].set_text(ui::today_text(rt));
+    venda::load_search_list(f);
     venda::fill_payment_forms(f);
     venda::fill_sellers(f);
+    venda::load_search_sellers(f);
     venda::fill_customers(f);
+    venda::load_search_customers(f);
     venda::reset_amounts(f);
+    venda::load_history(f);
     venda::load_items(f);
     venda::load_size_names(f);
     f.last_focus = &f["GR"];  // the clerk scans as soon as the screen shows

@@ -4,22 +4,18 @@
 #include "records/grade.h"
 #include "records/screens.h"
 #include "shell/screens.h"
+#include "finance/report_screens.h"
 #include "finance/screens.h"
 #include "maintenance/screens.h"
 #include "sales/results_screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
+#include "stock/pedido.h"
+#include "stock/reports_screens.h"
 #include "stock/screens.h"
+#include "stock/stocktake_screens.h"
 
 namespace mz::shell {
-namespace {
-
-// Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"Estorno",  "IMPEREFE",
-                                    "PEDIDO",   "deve",    "balanco",  "GRUPOS",   "Impecon",
-                                    "IMPECON2", "IMPECON4"};
-
-}  // namespace
 
 ui::Program program() {
   ui::Program p;
@@ -39,6 +35,9 @@ ui::Program program() {
     rt.register_screen("SENHA", make_senha);
     rt.register_screen("msn", make_msn);
     rt.register_screen("RECIBO", documents::make_recibo);
+    rt.register_screen("Impecon", finance::make_impecon);
+    rt.register_screen("IMPECON2", finance::make_impecon2);
+    rt.register_screen("IMPECON4", finance::make_impecon4);
     rt.register_screen("BUSRECI", documents::make_busreci);
     rt.register_screen("NP", documents::make_np);
     rt.register_screen("DUPLI", documents::make_dupli);
@@ -51,9 +50,14 @@ ui::Program program() {
     rt.register_screen("FORNE", stock::make_forne);
     rt.register_screen("FORNECOD", stock::make_fornecod);
     rt.register_screen("ENTRADA", stock::make_entrada);
+    rt.register_screen("PEDIDO", stock::make_pedido);
     rt.register_screen("CONSULTA", stock::make_consulta);
     rt.register_screen("PSEST", stock::make_psest);
     rt.register_screen("ETI", stock::make_eti);
+    rt.register_screen("balanco", stock::make_balanco);
+    rt.register_screen("deve", stock::make_deve);
+    rt.register_screen("GRUPOS", stock::make_grupos);
+    rt.register_screen("IMPEREFE", stock::make_imperefe);
     rt.register_screen("CAIXA", finance::make_caixa);
     rt.register_screen("BUSCAIXA", finance::make_buscaixa);
     rt.register_screen("ABRECX", finance::make_abrecx);
@@ -76,8 +80,6 @@ ui::Program program() {
     rt.register_screen("troca", sales::make_troca);
     rt.register_screen("BUSVENDA", sales::make_busvenda);
     rt.register_screen("Prod", sales::make_prod);
-    for (const char* name : kNotYetBuilt)
-      rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
   };
   // VERI hands over to the main screen and is never seen itself.
   p.start = [](ui::Runtime& rt) {

@@ -1,6 +1,8 @@
 #include "stock/balance.h"
 
 #include <algorithm>
+#include <set>
+#include <map>
 
 #include "core/value.h"
 #include "store/collation.h"
@@ -76,15 +78,53 @@ Sums sums_by_reference(const Ledger& ledger) {
   return sums;
 }
 
+// References per statement: a whole group of a shop fits in one, and the
+// engine's limit on bound values is never reached.
+constexpr size_t kReferencesPerStatement = 2000;
+
+std::vector<int> gated_slots(const SlotRule& rule, const SizeFlags& flags) {
+  std::vector<int> slots;
+  for (int n = std::max(rule.first, 1); n <= std::min(rule.last, kSlots); ++n)
+    if (n != rule.left_out && passes(rule, flags, n)) slots.push_back(n);
+  return slots;
+}
+
+// The sums of one ledger by reference (matched in any case spelling, as
+// the ledgers' statements match it), each a row of values in `slots` order.
+using SlotSums = std::map<std::string, std::vector<Value>, ReferenceOrder>;
+
+SlotSums group_slot_sums(const Ledger& ledger, const std::vector<int>& slots,
+                         const std::vector<std::string>& references) {
+  SlotSums sums;
+  std::string columns;
+  for (int n : slots) columns += ", sum(X" + std::to_string(n) + ")";
+  store::Database db = Workspace::open_database(ledger.file);
+  for (size_t first = 0; first < references.size(); first += kReferencesPerStatement) {
+    std::string list;
+    for (size_t i = first; i < std::min(references.size(), first + kReferencesPerStatement); ++i)
+      list += (i == first ? "" : ", ") + store::sql_quote(references[i]);
+    Recordset rs = db.open_recordset("select REFERENCIA" + columns + " from " + ledger.table +
+                                     " where REFERENCIA in (" + list + ") group by REFERENCIA");
+    for (; !rs.eof(); rs.move_next()) {
+      std::vector<Value>& row = sums[rs[0].text()];
+      row.resize(slots.size(), Value::null());
+      for (size_t i = 0; i < slots.size(); ++i) row[i] = rs[i + 1];
+    }
+  }
+  return sums;
+}
+
+Value sum_of(const SlotSums& sums, const std::string& key, size_t column) {
+  auto it = sums.find(key);
+  return it == sums.end() ? Value::null() : it->second[column];
+}
+
 }  // namespace
 
 SizeFlags size_flags(std::string_view reference) {
-  SizeFlags flags{};
   Recordset rs = Workspace::open_database("REFE.MDB").open_recordset("SELECT* FROM GRUPO where GR = " +
                                                                        store::sql_quote(reference));
-  if (rs.eof()) return flags;
-  for (int n = 1; n <= kSlots; ++n) flags[static_cast<size_t>(n - 1)] = rs["A" + std::to_string(n)].text() == "SIM";
-  return flags;
+  return rs.eof() ? SizeFlags{} : size_flags_of(rs);
 }
 
 std::vector<SlotLine> slot_lines(std::string_view reference, const SlotRule& rule) {
@@ -138,5 +178,47 @@ ReferenceBalances all_reference_balances() {
 }
 
 std::string quantity_text(double balance) { return Value(balance).text(); }
+
+SizeFlags size_flags_of(Recordset& product) {
+  SizeFlags flags{};
+  for (int n = 1; n <= kSlots; ++n) flags[static_cast<size_t>(n - 1)] = product["A" + std::to_string(n)].text() == "SIM";
+  return flags;
+}
+
+std::vector<std::vector<SlotLine>> group_slot_lines(const std::vector<FlaggedReference>& references,
+                                                    const SlotRule& rule) {
+  // Only the slots some reference of the list opens are summed at all.
+  std::vector<std::vector<int>> own_slots;
+  std::vector<bool> asked(kSlots + 1, false);
+  std::vector<std::string> distinct;
+  std::set<std::string, ReferenceOrder> seen;
+  for (const FlaggedReference& r : references) {
+    own_slots.push_back(gated_slots(rule, r.flags));
+    for (int n : own_slots.back()) asked[static_cast<size_t>(n)] = true;
+    if (seen.insert(r.reference).second) distinct.push_back(r.reference);
+  }
+  std::vector<int> slots;
+  std::vector<size_t> column_of(kSlots + 1, 0);
+  for (int n = 1; n <= kSlots; ++n)
+    if (asked[static_cast<size_t>(n)]) {
+      column_of[static_cast<size_t>(n)] = slots.size();
+      slots.push_back(n);
+    }
+
+  std::vector<std::vector<SlotLine>> lines(references.size());
+  if (slots.empty()) return lines;
+  SlotSums in = group_slot_sums(kInflow, slots, distinct);
+  SlotSums sold = group_slot_sums(kSales, slots, distinct);
+  SlotSums out = group_slot_sums(kOutflow, slots, distinct);
+  for (size_t r = 0; r < references.size(); ++r) {
+    const std::string& key = references[r].reference;
+    for (int n : own_slots[r]) {
+      size_t c = column_of[static_cast<size_t>(n)];
+      double value = balance(sum_of(in, key, c), sum_of(sold, key, c), sum_of(out, key, c));
+      if (rule.listing == Listing::All || value != 0) lines[r].push_back({n, value});
+    }
+  }
+  return lines;
+}
 
 }  // namespace mz::stock

@@ -29,6 +29,10 @@
 #include <string_view>
 #include <vector>
 
+namespace mz::store {
+class Recordset;
+}
+
 namespace mz::stock {
 
 inline constexpr int kSlots = 50;
@@ -87,6 +91,26 @@ struct ReferenceOrder {
 using ReferenceBalances = std::map<std::string, double, ReferenceOrder>;
 // reference_balance of every reference that has a row in any ledger.
 ReferenceBalances all_reference_balances();
+
+// The slot balances of a whole list of references at once, for the screens
+// that show a group's stock matrix: one grouped statement per ledger for the
+// list, instead of one per reference, with the same slots, gates, listing
+// and arithmetic as slot_lines.
+// A reference with its size flags as the caller read them from GRUPO.
+struct FlaggedReference {
+  std::string reference;
+  SizeFlags flags{};
+};
+
+// slot_lines of each reference under the rule, in the order given; a
+// reference named twice gets its lines twice.
+std::vector<std::vector<SlotLine>> group_slot_lines(const std::vector<FlaggedReference>& references,
+                                                    const SlotRule& rule);
+
+// The size flags of the GRUPO row the recordset stands on: "SIM" opens a
+// slot, anything else keeps it shut.
+SizeFlags size_flags_of(store::Recordset& product);
+
 
 // A balance as the screens show it: no thousands separator, a minus sign
 // when negative, decimals only when the quantities had them.

@@ -13,6 +13,7 @@
 #include "store/sql_text.h"
 #include "ui/fields.h"
 #include "ui/keys.h"
+#include "ui/menu.h"
 #include "ui/report.h"
 
 namespace mz::stock {
@@ -117,13 +118,7 @@ void add_totals(ui::Form& f) {
 
 // The F-key menu: each item answers its key from any field.
 void add_menu(ui::Runtime& rt, ui::Form& f, const std::shared_ptr<ui::Report>& report) {
-  struct Item {
-    const char* name;
-    const char* caption;
-    int key;
-    std::function<void()> action;
-  };
-  const Item items[] = {
+  ui::add_menu_items(f, {
       {"xzc", "F2 Grava", 2, [&rt, &f] { record(rt, f); }},
       {"cxv", "F3 Limpa", 3, [&rt, &f] { clear(rt, f); }},
       {"vcb", "F4 Etiquetas", 4, [&rt, &f] { generate_labels(rt, "\\ENTRA.MDB", f["EE1"].text(), f["Grid1"]); }},
@@ -137,12 +132,7 @@ void add_menu(ui::Runtime& rt, ui::Form& f, const std::shared_ptr<ui::Report>& r
       {"ccvdfsdf", "Relatório de saída(s) resumido por fornecedor", 0,
        [&rt, &f, report] { summary(rt, f, *report, "\\sai.mdb", "\\sai.rpt"); }},
       {"sdsds", "Balanço", 0, [&rt] { rt.show("balanco"); }},
-  };
-  for (const Item& item : items) {
-    ui::Control& menu = f.add(item.name, ControlKind::MenuItem, item.caption);
-    menu.shortcut = item.key ? ui::key::kF1 + item.key - 1 : 0;
-    menu.on_click = item.action;
-  }
+  });
 }
 
 }  // namespace

@@ -50,6 +50,7 @@ Connection::Connection(const std::filesystem::path& file) : path_(file) {
     db_ = nullptr;
     throw Error(dberr::kFileNotFound, "Não foi possível abrir o arquivo '" + file.string() + "'.");
   }
+  opened_.push_back(identify(file));
   sqlite3_busy_timeout(db_, lock_timeout_ms);
   register_sql_functions(db_);
 }
@@ -93,6 +94,21 @@ void Connection::attach(const std::filesystem::path& file, const std::string& sc
   int rc = sqlite3_step(stmt);
   sqlite3_finalize(stmt);
   check(rc);
+  opened_.push_back(identify(file));
+}
+
+Connection::OpenedFile Connection::identify(const std::filesystem::path& file) {
+  struct stat st {};
+  if (::stat(file.c_str(), &st) != 0) return {file, 0, 0};
+  return {file, st.st_dev, st.st_ino};
+}
+
+bool Connection::replaced_on_disk() const {
+  for (const OpenedFile& f : opened_) {
+    OpenedFile now = identify(f.path);
+    if (now.device != f.device || now.inode != f.inode) return true;
+  }
+  return false;
 }
 
 std::optional<ColumnType> Connection::column_type(std::string_view table, std::string_view column,

@@ -3,6 +3,8 @@
 // process, with its prepared statements cached by translated text.
 #include <sqlite3.h>
 
+#include <sys/stat.h>
+
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -64,6 +66,11 @@ class Connection {
   // missing file is Error 3024.
   void attach(const std::filesystem::path& file, const std::string& schema);
 
+  // Whether a file of this connection is no longer the one it opened: a
+  // repair or a restore on another station renames a new file over it, and
+  // writes through this connection would go to the old, unlinked one.
+  bool replaced_on_disk() const;
+
   // The declared type of a column, or nullopt when the table or column is
   // unknown; schema names an attached file ("" is the connection's own).
   std::optional<ColumnType> column_type(std::string_view table, std::string_view column,
@@ -88,7 +95,15 @@ class Connection {
   static void set_lock_timeout_ms(int ms);
 
  private:
+  struct OpenedFile {
+    std::filesystem::path path;
+    dev_t device;
+    ino_t inode;
+  };
+  static OpenedFile identify(const std::filesystem::path& file);
+
   std::filesystem::path path_;
+  std::vector<OpenedFile> opened_;  // the file itself, then the attached ones
   sqlite3* db_ = nullptr;
   std::unordered_map<std::string, std::vector<sqlite3_stmt*>> free_;
   std::vector<sqlite3_stmt*> all_;

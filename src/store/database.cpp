@@ -94,11 +94,14 @@ Database Workspace::open_database(std::string_view path, std::string_view connec
   std::string key = file.lexically_normal().string();
   std::lock_guard lock(registry_mutex);
   auto& slot = registry()[key];
-  if (!slot) slot = std::make_shared<Connection>(file);
-  else if (!std::filesystem::exists(file)) {  // removed behind our back
-    registry().erase(key);
-    throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+  if (slot && slot->replaced_on_disk()) {
+    if (!std::filesystem::exists(file)) {  // removed behind our back
+      registry().erase(key);
+      throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+    }
+    slot.reset();  // renamed over by a repair or restore: open the new file
   }
+  if (!slot) slot = std::make_shared<Connection>(file);
   return Database(slot, std::string(path));
 }
 
@@ -124,6 +127,7 @@ std::shared_ptr<Connection> Workspace::unit_connection(const std::vector<std::fi
     return conn;
   };
   auto& slot = registry()[key];
+  if (slot && slot.use_count() == 1 && slot->replaced_on_disk()) slot.reset();
   if (!slot) slot = open();
   // A unit already running on these files keeps its connection; a nested one gets its own.
   else if (slot.use_count() > 1) return open();

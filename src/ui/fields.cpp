@@ -1,5 +1,7 @@
 #include "ui/fields.h"
 
+#include <algorithm>
+
 #include "core/error.h"
 #include "core/format.h"
 #include "core/input_helpers.h"
@@ -10,8 +12,18 @@
 namespace mz::ui {
 
 namespace {
+
 constexpr uint32_t kBand = 0xFFF0E0;  // a pale blue, blue-green-red
+
+// The field's text once a character typed replaces its selection.
+std::string typed_over(const Control& field, char32_t ch) {
+  const std::string& text = field.text();
+  const size_t start = std::min(field.sel_start, len(text));
+  const size_t length = std::min(field.sel_length, len(text) - start);
+  return left(text, start) + from_code_point(ch) + mid(text, start + length + 1);
 }
+
+}  // namespace
 
 Control& add_field(Form& form, const std::string& name, ControlKind kind, const std::string& caption) {
   if (!caption.empty()) form.add("L" + name, ControlKind::Label, caption);
@@ -27,10 +39,35 @@ void name_combo(Control& combo, std::vector<std::string> names) {
   combo.on_key_press = [&combo](int& key) { combo_inteligente(combo, key); };
 }
 
+bool money_out_of_range(std::string_view text) {
+  try {
+    const std::optional<Currency> amount = parse_money(text);
+    return amount && (*amount > kLargestMoney || *amount < -kLargestMoney);
+  } catch (const Error&) {
+    return true;  // past what a currency holds at all
+  }
+}
+
 void money_field(Control& field, std::function<void()> after_leaving) {
   field.leave_rule = LeaveRule::Money;
-  field.on_key_press = [&field](int& key) { key = static_cast<int>(so_numero(field.text(), static_cast<char32_t>(key))); };
+  field.on_key_press = [&field](int& key) {
+    key = static_cast<int>(so_numero(field.text(), static_cast<char32_t>(key)));
+    // A digit that would take the amount past the largest is refused, and
+    // said why: an F-key may record what stands in the field unchecked.
+    if (key >= '0' && key <= '9' && money_out_of_range(typed_over(field, static_cast<char32_t>(key)))) {
+      key = 0;
+      field.form().runtime().message(kMoneyTooLarge, Buttons::Ok, Icon::Exclamation);
+    }
+  };
   field.on_lost_focus = [&field, after_leaving = std::move(after_leaving)] {
+    // An amount past the largest that came from elsewhere (a stored row)
+    // stays in the field for the clerk to mend; nothing is worked out from it.
+    if (money_out_of_range(field.text())) {
+      Runtime& rt = field.form().runtime();
+      rt.set_focus(field);
+      rt.message(kMoneyTooLarge, Buttons::Ok, Icon::Exclamation);
+      return;
+    }
     if (!parse_money(field.text())) field.set_text("0,00");
     if (after_leaving) after_leaving();
   };

@@ -25,8 +25,16 @@ Control& add_field(Form& form, const FieldEntry& field);
 
 // A combo of names that completes as the user types; free text is allowed.
 void name_combo(Control& combo, std::vector<std::string> names);
-// Money: "," or "." once, digits and Backspace. Left empty, or holding no
-// amount (a lone ","), it becomes "0,00"; then `after_leaving` runs.
+// The largest amount a money field takes: sums and differences of such
+// amounts stay well inside the currency range.
+inline constexpr Currency kLargestMoney = Currency::from_units(999'999'999'999'99 * 100);
+inline constexpr const char* kMoneyTooLarge = "Valor muito alto: o máximo é 999.999.999.999,99.";
+// An amount past kLargestMoney either way; text that is no amount is not.
+bool money_out_of_range(std::string_view text);
+// Money: "," or "." once, digits and Backspace; a digit that would go past
+// kLargestMoney is refused with kMoneyTooLarge. Left empty, or holding no
+// amount (a lone ","), it becomes "0,00"; then `after_leaving` runs. Left
+// past kLargestMoney, it says so and keeps the focus and the text.
 void money_field(Control& field, std::function<void()> after_leaving = {});
 // A "##/##/####" date; left invalid or empty, it takes today's date.
 void date_field(Control& field);

@@ -6,7 +6,7 @@ namespace mz::ui {
 
 void Report::action(int value) {
   if (value != 1) return;
-  print::ReportRequest request{data_files, selection_formula, report_file_name, destination_, margins};
+  print::ReportRequest request{data_files, selection_formula, report_file_name, destination_, margins, spreadsheet};
   print::Document document = print::run_report(request, runtime_.host().today());
   runtime_.host().show_report(request, document);
 }

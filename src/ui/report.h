@@ -19,6 +19,8 @@ class Report {
   std::string selection_formula;  // SelectionFormula
   std::string report_file_name;   // ReportFileName
   std::optional<print::Margins> margins;
+  // Preset with a file destination: the file is a spreadsheet of the list.
+  bool spreadsheet = false;
 
   // Action = 1: lays the report out and hands it to the host for its
   // destination. Errors of the template or the data file propagate.

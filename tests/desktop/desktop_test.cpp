@@ -148,7 +148,7 @@ TEST(Desktop, ScreensOpenedFromTheMenusTakeTheKeyboard) {
 
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
+  mz::desktop::ShopApplication app(argc, argv);  // traps only while a test gives it a desktop
   ::testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

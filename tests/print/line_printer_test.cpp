@@ -57,6 +57,22 @@ TEST(PrintLinePrinter, PiecesLandOnTheirPrintColumnsOnPaper) {
   EXPECT_EQ(page_text(doc.pages[0]), (std::vector<std::string>{"  2 CAMISA POLO 59,90", "  Obrigado pela preferência"}));
 }
 
+// A print column past the printed text goes to the next line: wide capitals
+// that fit by their count of characters still reach past the column on paper.
+TEST(PrintLinePrinter, AColumnPastThePrintedWidthStartsANewLine) {
+  LinePrinter p;
+  p.set_font("ARIAL", 8);
+  p.text("  1").tab(8).text("MMMMMMMMMMMMMMMMMMMMMMMMMMMM").tab(45).text("59,90");
+  p.end_line();
+  p.text("  1").tab(8).text("camisa polo manga curta lisa").tab(45).text("59,90");
+  p.end_line();
+  const PrintedDocument doc = p.end_doc();
+  ASSERT_EQ(doc.pages.size(), 1u);
+  EXPECT_EQ(doc.pages[0], (std::vector<std::string>{"  1    MMMMMMMMMMMMMMMMMMMMMMMMMMMM",
+                                                    std::string(44, ' ') + "59,90",
+                                                    "  1    camisa polo manga curta lisa         59,90"}));
+}
+
 TEST(PrintRawPort, EachLineBehindItsControlBytesInTheOldCodePage) {
   RawPort port("\x1B\x0F");
   port.line("  Data: 22/11/2026");

@@ -102,5 +102,21 @@ TEST(StoreSharing, TwoStationsLoseNothingAndNeverRepeatAKey) {
   }
 }
 
+// Another station's repair or restore renames a new file over ours: what we
+// write afterwards must land in the file now on disk, not in the unlinked one.
+TEST(StoreSharing, AFileRenamedOverIsReopenedForThisStationsWrites) {
+  testing::ScratchFolder folder;
+  Workspace::open_database("Caixa.Mdb").execute("Insert into Cada (codigo, A6) values ('0000001', 'antes')");
+  Database held = Workspace::open_database("Caixa.Mdb");  // a handle this station still holds
+  const std::filesystem::path copy = folder.file("caixa.tmp");
+  std::filesystem::copy_file(folder.file("caixa.db"), copy);
+  std::filesystem::rename(copy, folder.file("caixa.db"));
+
+  Workspace::open_database("Caixa.Mdb").execute("Insert into Cada (codigo, A6) values ('0000002', 'depois')");
+  Workspace::close_all();
+  EXPECT_EQ(single("Caixa.Mdb", "Select count(*) from Cada"), "2");
+  EXPECT_EQ(single("Caixa.Mdb", "Select max(A6) from Cada"), "depois");
+}
+
 }  // namespace
 }  // namespace mz::store

@@ -55,6 +55,12 @@ void count_pieces(ui::Form& f) {
 
 void stripe(ui::Control& grid) { ui::zebra_grid(grid, 1, kStripeColour); }
 
+// ITEM, on a screen that numbers its lines.
+void count_line(ui::Form& f, int change) {
+  ui::Control* item = f.find("ITEM");
+  if (item) item->set_text(number_text(val(item->text()) + change));
+}
+
 // One more row at the end of the grid: a grid holding only its heading
 // takes row 1.
 int new_row(ui::Control& grid) {
@@ -126,6 +132,7 @@ void remove_line(ui::Form& f) {
   ui::resume_style([&] { f["nr"].set_text(number_text(val(f["nr"].text()) - val(pieces))); });
   for (const char* total : {"TL", "TT"})
     ui::resume_style([&] { f[total].set_text(money(amount(f[total].text()) - amount(subtotal))); });
+  count_line(f, -1);
   if (g.rows == 2) return empty_grid(f);
   for (int r = row; r + 1 < g.rows; ++r)
     for (int c = 0; c < g.cols; ++c) g.cell(r, c) = g.cell(r + 1, c);
@@ -217,6 +224,7 @@ void launch_line(ui::Runtime& rt, ui::Form& f) {
     ui::resume_style([&] { g.cell(row, kSubtotalColumn) = money(amount(pieces) * amount(cost)); });
     add_to_totals(f, pieces, g.cell(row, kSubtotalColumn), true);
     g.cell(row, kLabelColumn) = f["ET"].text();
+    count_line(f, 1);
   }
   for (const char* name : {"CD", "E2", "E7", "GR"}) f[name].set_text("");
   f["E6"].set_text("0");
@@ -242,7 +250,7 @@ void empty_grid(ui::Form& f) {
   g.row = 0;
 }
 
-void add_recorded_line(ui::Form& f, store::Recordset& rs) {
+void add_recorded_line(ui::Form& f, store::Recordset& rs, bool with_document_total) {
   ui::Control& grid = f["Grid1"];
   int row = new_row(grid);
   ui::GridCells& g = grid.grid;
@@ -253,7 +261,7 @@ void add_recorded_line(ui::Form& f, store::Recordset& rs) {
   ui::resume_style([&] {
     g.cell(row, kSubtotalColumn) = money(rs["VALOR"].value().to_currency() * rs["QTDA"].value().to_currency());
   });
-  add_to_totals(f, g.cell(row, kQuantityColumn), g.cell(row, kSubtotalColumn), false);
+  add_to_totals(f, g.cell(row, kQuantityColumn), g.cell(row, kSubtotalColumn), with_document_total);
   g.cell(row, kLabelColumn) = rs["ET"].text();
   stripe(grid);
 }

@@ -6,7 +6,9 @@
 // The band declares CD, GR, E2, the captions A1..A50 over the boxes
 // X1..X50, E6, E7, ES, ET and Grid1. The screen declares the totals it
 // shows where its layout wants them: TL.PEÇAS `nr`, the products' total
-// `TL` and the document's total `TT`; the band adds to them by name.
+// `TL` and the document's total `TT`; the band adds to them by name. A
+// screen that numbers its lines declares the label `ITEM` too, and the band
+// counts each launched line in and each removed one out.
 #include <functional>
 #include <string>
 
@@ -49,7 +51,8 @@ void reset_totals(ui::Form& f);
 void empty_grid(ui::Form& f);
 
 // A recorded row of the ledger (REFERENCIA, X1..X50, QTDA, VALOR, ET) as a
-// line of the grid, its pieces and subtotal added to nr and TL.
-void add_recorded_line(ui::Form& f, store::Recordset& rs);
+// line of the grid, its pieces and subtotal added to nr and TL, and to TT
+// when `with_document_total`.
+void add_recorded_line(ui::Form& f, store::Recordset& rs, bool with_document_total = false);
 
 }  // namespace mz::stock::band

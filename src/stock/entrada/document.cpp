@@ -47,6 +47,7 @@ void record(const std::string& direction, const Header& header, ui::Control& gri
     put("DATA", Value(ui::stored_date(header.date)));
     put("TIPO", Value(header.doc));
     put("TOTAL", Value(header.total));
+    for (const auto& [column, value] : header.more) put(column.c_str(), Value(value));
     put("REFERENCIA", Value(g.cell(r, band::kReferenceColumn)));
     for (int n = 1; n <= kSlots; ++n) {
       std::string& cell = g.cell(r, n);
@@ -55,7 +56,7 @@ void record(const std::string& direction, const Header& header, ui::Control& gri
     }
     put("QTDA", Value(g.cell(r, band::kQuantityColumn)));
     put("VALOR", Value(g.cell(r, band::kCostColumn)));
-    put("ET", Value(g.cell(r, band::kLabelColumn)));
+    if (header.with_labels) put("ET", Value(g.cell(r, band::kLabelColumn)));
     try {
       rs.update();
     } catch (const Error&) {

@@ -3,6 +3,8 @@
 // of the goods-in file (ENTRA.MDB) or of the goods-out file (SAI.MDB), each
 // file with its own series of numbers.
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "store/database.h"
 #include "ui/control.h"
@@ -26,6 +28,11 @@ struct Header {
   std::string date;    // DATA, as typed
   std::string doc;     // TIPO
   std::string total;   // TOTAL, as shown
+  // An order's heading (NR, TL, DES, the addresses, the size captions...),
+  // column by column, repeated on every row too.
+  std::vector<std::pair<std::string, std::string>> more{};
+  // A movement keeps each line's label choice in ET; an order has none.
+  bool with_labels = true;
 };
 
 // Replaces the document: its old rows and the grid's lines change places as

@@ -34,6 +34,7 @@ const Area kAreas[] = {
     {"grupos", mz::bench::run_grupos_benchmarks},
     {"sales_search", mz::bench::run_sales_search_benchmarks},
     {"closing", mz::bench::run_closing_benchmarks},
+    {"prod", mz::bench::run_prod_benchmarks},
 };
 
 bool chosen(const char* area, int argc, char** argv) {

@@ -78,5 +78,6 @@ void run_balanco_benchmarks(const fs::path& folder);
 void run_grupos_benchmarks(const fs::path& folder);
 void run_sales_search_benchmarks(const fs::path& folder);
 void run_closing_benchmarks(const fs::path& folder);
+void run_prod_benchmarks(const fs::path& folder);
 
 }  // namespace mz::bench

@@ -7,6 +7,7 @@
 #include "finance/report_screens.h"
 #include "finance/screens.h"
 #include "maintenance/screens.h"
+#include "sales/results_screens.h"
 #include "sales/screens.h"
 #include "sales/venda/lookups.h"
 #include "stock/pedido.h"
@@ -15,12 +16,6 @@
 #include "stock/stocktake_screens.h"
 
 namespace mz::shell {
-namespace {
-
-// Every screen a menu or a gate can reach that is not built yet.
-const char* const kNotYetBuilt[] = {"troca", "Prod", "BUSVENDA"};
-
-}  // namespace
 
 ui::Program program() {
   ui::Program p;
@@ -82,8 +77,9 @@ ui::Program program() {
     rt.register_screen("BNOME", sales::venda::make_bnome);
     rt.register_screen("fotos", sales::venda::make_fotos);
     rt.register_screen("vendaimpre", sales::make_vendaimpre);
-    for (const char* name : kNotYetBuilt)
-      rt.register_screen(name, [name](ui::Runtime& r) { return make_unavailable(r, name); });
+    rt.register_screen("troca", sales::make_troca);
+    rt.register_screen("BUSVENDA", sales::make_busvenda);
+    rt.register_screen("Prod", sales::make_prod);
   };
   // VERI hands over to the main screen and is never seen itself.
   p.start = [](ui::Runtime& rt) {

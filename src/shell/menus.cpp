@@ -77,11 +77,4 @@ std::unique_ptr<ui::Form> make_menudp(ui::Runtime& rt) {
   return form;
 }
 
-std::unique_ptr<ui::Form> make_unavailable(ui::Runtime& rt, const std::string& name) {
-  auto form = std::make_unique<ui::Form>(rt, name, name);
-  form->add("Label1", ControlKind::Label, "Este módulo ainda não está disponível.");
-  form->add("Command1", ControlKind::Button, "Volta").on_click = [&rt, name] { rt.close(name); };
-  return form;
-}
-
 }  // namespace mz::shell

@@ -22,8 +22,6 @@ std::unique_ptr<ui::Form> make_lay(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_cadsenha(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_senha(ui::Runtime& rt);
 std::unique_ptr<ui::Form> make_msn(ui::Runtime& rt);
-// A module that is not built yet: says so and goes back.
-std::unique_ptr<ui::Form> make_unavailable(ui::Runtime& rt, const std::string& name);
 
 // The one row of module passwords, opened with its connection text.
 store::Recordset password_row();

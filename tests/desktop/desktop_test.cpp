@@ -33,13 +33,15 @@ const char* const kScreens[] = {"INICIO", "ini2",  "opera1", "OPERA2", "OPERA", 
                                 "c2",     "FORNE", "ENTRADA", "CONSULTA", "PSEST", "ETI", "CAIXA", "BUSCAIXA",
                                 "ABRECX", "FECHACX", "Contas", "bxx", "BUSCON", "CONBX", "CONCLIE", "AUTO",
                                 "REPARA", "TELEFONE", "fone", "Impe", "NAS", "vendaimpre", "PEDIDO", "balanco",
-                                "deve", "GRUPOS", "IMPEREFE", "BNOME", "fotos"};
+                                "deve", "GRUPOS", "IMPEREFE", "BNOME", "fotos", "troca", "BUSVENDA",
+                                "Prod", "Impecon", "IMPECON2", "IMPECON4"};
 // Screens whose first field is a number, a date or an amount: they refuse
 // letters, so only the barcode reader's digits are typed there.
 bool takes_digits_only(const std::string& name) {
   static const std::set<std::string> kDigitsFirst = {"RECIBO", "BUSRECI",  "NP",     "DUPLI",   "BUDP",
                                                       "SALACAD", "CAIXA",   "BUSCAIXA", "ABRECX", "FECHACX",
-                                                      "BUSCON",  "CONBX",   "REPARA",   "NAS",    "PEDIDO"};
+                                                      "BUSCON",  "CONBX",   "REPARA",   "NAS",    "PEDIDO",
+                                                      "BUSVENDA", "Prod",    "IMPECON2"};
   return kDigitsFirst.count(name) > 0;
 }
 

@@ -5,7 +5,8 @@
 
 #include <cmath>
 #include <memory>
-#include <optional>
+#include <map>
+#include <unordered_map>
 #include <utility>
 #include <variant>
 
@@ -153,17 +154,27 @@ PageImage render_page(const Document& document, size_t page, double dpi) {
 
 double text_width(const std::string& text, double size, bool bold) {
   // One scratch context per thread: measuring needs a surface but draws nothing.
-  // Its font is set again only when the size or weight changes.
   thread_local Surface surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 1, 1), cairo_surface_destroy);
   thread_local Context cr(cairo_create(surface.get()), cairo_destroy);
-  thread_local std::optional<std::pair<double, bool>> font;
-  if (font != std::pair(size, bold)) {
-    set_font(cr.get(), size, bold);
-    font.emplace(size, bold);
+  // The toy font API maps each character to one glyph and places it at the
+  // sum of the advances before it, so a text's width is its characters'
+  // advances added from the left: each character is asked of cairo once
+  // per size and weight, and the sum is cairo's own to the last bit.
+  thread_local std::map<std::pair<double, bool>, std::unordered_map<char32_t, double>> advances;
+  auto& known = advances[{size, bold}];
+  double width = 0;
+  for (char32_t c : to_u32(ensure_utf8(text))) {
+    if (c == 0) break;  // where cairo's text ends
+    auto [at, added] = known.try_emplace(c);
+    if (added) {
+      set_font(cr.get(), size, bold);
+      cairo_text_extents_t extents;
+      cairo_text_extents(cr.get(), to_utf8(std::u32string(1, c)).c_str(), &extents);
+      at->second = extents.x_advance;
+    }
+    width += at->second;
   }
-  cairo_text_extents_t extents;
-  cairo_text_extents(cr.get(), ensure_utf8(text).c_str(), &extents);
-  return extents.x_advance;
+  return width;
 }
 
 }  // namespace mz::print

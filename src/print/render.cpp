@@ -4,8 +4,8 @@
 #include <cairo.h>
 
 #include <cmath>
-#include <memory>
 #include <map>
+#include <memory>
 #include <unordered_map>
 #include <utility>
 #include <variant>

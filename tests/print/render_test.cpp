@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cairo.h>
+
 #include <cstring>
 
+#include "core/text.h"
 #include "support/errors.h"
 #include "support/pdf_reader.h"
 #include "support/scratch_folder.h"
@@ -186,6 +189,32 @@ TEST(RenderText, WidthsAreArialsAsDrawn) {
     SCOPED_TRACE(c.text + (c.bold ? " bold" : ""));
     EXPECT_NEAR(text_width(c.text, c.size, c.bold), c.width, 0.001);
   }
+}
+
+// Widths are summed from remembered character advances; they must equal
+// cairo's measure of the whole text, in every size and weight asked in turn.
+TEST(RenderText, WidthsEqualCairosMeasureOfTheWholeText) {
+  cairo_surface_t* surface = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, 1, 1);
+  cairo_t* cr = cairo_create(surface);
+  cairo_font_options_t* options = cairo_font_options_create();
+  cairo_font_options_set_hint_metrics(options, CAIRO_HINT_METRICS_OFF);
+  cairo_font_options_set_hint_style(options, CAIRO_HINT_STYLE_NONE);
+  cairo_set_font_options(cr, options);
+  const std::string texts[] = {"R$ 1.234,56", "mmmm iiii", "CONTAS A RECEBER", "Ação São João", "A\xE7\xE3o", "W"};
+  for (const double size : {8.0, 9.0, 9.5, 12.0})
+    for (const bool bold : {false, true, false})
+      for (const std::string& text : texts) {
+        SCOPED_TRACE(text + " " + std::to_string(size) + (bold ? " bold" : ""));
+        cairo_select_font_face(cr, kFontFamily, CAIRO_FONT_SLANT_NORMAL,
+                               bold ? CAIRO_FONT_WEIGHT_BOLD : CAIRO_FONT_WEIGHT_NORMAL);
+        cairo_set_font_size(cr, size * kEmPerPoint);
+        cairo_text_extents_t extents;
+        cairo_text_extents(cr, ensure_utf8(text).c_str(), &extents);
+        EXPECT_EQ(text_width(text, size, bold), extents.x_advance);
+      }
+  cairo_font_options_destroy(options);
+  cairo_destroy(cr);
+  cairo_surface_destroy(surface);
 }
 
 }  // namespace

@@ -8,7 +8,6 @@
 #include "bench/support.h"
 #include "core/value.h"
 #include "shell/program.h"
-#include "store/data_folder.h"
 #include "ui/runtime.h"
 #include "ui/test_host.h"
 
@@ -16,7 +15,6 @@ namespace mz::bench {
 
 void run_account_search_benchmarks(const fs::path& folder) {
   build_accounts(folder);
-  store::upgrade_shop_folder(folder);  // the indexes the program adds on starting
   ui::TestHost host;
   ui::Runtime rt{host};
   shell::program().register_screens(rt);

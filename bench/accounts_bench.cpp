@@ -9,7 +9,6 @@
 #include "bench/support.h"
 #include "core/value.h"
 #include "shell/program.h"
-#include "store/data_folder.h"
 #include "ui/runtime.h"
 #include "ui/test_host.h"
 

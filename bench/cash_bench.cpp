@@ -10,7 +10,6 @@
 #include "bench/support.h"
 #include "core/value.h"
 #include "shell/program.h"
-#include "store/data_folder.h"
 #include "ui/runtime.h"
 #include "ui/test_host.h"
 
@@ -55,7 +54,6 @@ void build_cash(const fs::path& folder) {
 
 void run_cash_benchmarks(const fs::path& folder) {
   build_cash(folder);
-  store::upgrade_shop_folder(folder);  // the indexes the program adds on starting
   ui::TestHost host;
   ui::Runtime rt{host};
   shell::program().register_screens(rt);

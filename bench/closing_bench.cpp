@@ -12,7 +12,6 @@
 #include "finance/reports/account_report.h"
 #include "print/render.h"
 #include "shell/program.h"
-#include "store/data_folder.h"
 #include "ui/runtime.h"
 #include "ui/test_host.h"
 
@@ -128,7 +127,6 @@ void run_closing_benchmarks(const fs::path& folder) {
   build_data(folder);
   build_accounts(folder);
   give_sales_their_sellers(folder);
-  store::upgrade_shop_folder(folder);
   ui::TestHost host;
   ui::Runtime rt{host};
   shell::program().register_screens(rt);

@@ -12,7 +12,6 @@
 #include "bench/support.h"
 #include "finance/settlement.h"
 #include "shell/program.h"
-#include "store/data_folder.h"
 #include "ui/runtime.h"
 #include "ui/test_host.h"
 
@@ -89,7 +88,6 @@ double raw_settlement(const fs::path& folder, const std::vector<std::string>& ke
 
 void run_settlement_benchmarks(const fs::path& folder) {
   build_accounts(folder);
-  store::upgrade_shop_folder(folder);  // the indexes the program adds on starting
   // 300 measured and 30 warm-up settlements for each side.
   std::vector<std::string> keys = open_accounts(folder, 662);
   double program = program_settlement(keys);

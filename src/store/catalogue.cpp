@@ -156,7 +156,7 @@ std::vector<FileDef> build() {
                      text({"CODIGO", "D1"}) + date({"D2", "D3"}) + text({"D4"}) + currency({"D5"}) +
                          text({"D6", "D7", "D8", "D9", "D10", "NOME", "GRUPO", "BX"}) + date({"PG"}) +
                          text({"VP", "DVP"}) + number({"G1", "G2"}) + currency({"G3"}),
-                     {"CODIGO", "D3", "D2", "D9", "D4", "BX,D1,D3,CODIGO"},
+                     {"CODIGO", "D3", "D2", "D9,BX,D1", "D4", "BX,D1,D3,CODIGO"},
                      {}}}});
 
   // Dependants, linked to the customer by name.

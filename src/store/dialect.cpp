@@ -7,6 +7,7 @@
 #include "core/error.h"
 #include "core/text.h"
 #include "core/value.h"
+#include "store/catalogue.h"
 #include "store/collation.h"
 #include "store/sql_functions.h"
 
@@ -153,9 +154,11 @@ std::optional<std::string> column_name(const Token& t) {
 // same ones.
 
 // The text before the final stars of a pattern with no other wild card.
+// A pattern with no wild card at all is its own prefix: the range holds the
+// texts that begin with it, and the Like keeps the equal ones.
 std::optional<std::string> pure_prefix(const std::string& pattern) {
   size_t end = pattern.find_last_not_of('*');
-  if (end == std::string::npos || end + 1 == pattern.size()) return std::nullopt;
+  if (end == std::string::npos) return std::nullopt;
   std::string prefix = pattern.substr(0, end + 1);
   if (prefix.find_first_of("*?#[]") != std::string::npos) return std::nullopt;
   return prefix;
@@ -170,10 +173,24 @@ bool ranks_all_cases_together(std::string_view prefix) {
 }
 
 // A text that a numeric column would read as a number compares as one; a
-// bound that begins so is not made.
+// bound that begins so is made only for a column that is text in every
+// table that has it (REFERENCIA, NOME), never for one the catalogue does not
+// know.
 bool may_read_as_number(std::string_view prefix) {
   auto c = static_cast<unsigned char>(prefix.front());
   return std::isdigit(c) || std::isspace(c) || c == '+' || c == '-' || c == '.';
+}
+
+bool text_in_every_table(std::string_view column) {
+  bool found = false;
+  for (const FileDef& file : catalogue())
+    for (const TableDef& table : file.tables)
+      for (const ColumnDef& c : table.columns)
+        if (text_equal(c.name, column)) {
+          if (c.type != ColumnType::Text) return false;
+          found = true;
+        }
+  return found;
 }
 
 // The least text above every text that begins with prefix: the prefix with
@@ -222,9 +239,13 @@ std::vector<Token> with_prefix_ranges(std::vector<Token> tokens) {
   for (size_t i = 1; i + 1 < tokens.size(); ++i) {
     if (!word_is(tokens[i], {"LIKE"}) || tokens[i + 1].type != TokenType::String) continue;
     auto prefix = pure_prefix(tokens[i + 1].text);
-    if (!prefix || may_read_as_number(*prefix) || !ranks_all_cases_together(*prefix)) continue;
+    if (!prefix || !ranks_all_cases_together(*prefix)) continue;
     auto start = column_start(tokens, i - 1);
     if (!start || *start == 0) continue;
+    if (may_read_as_number(*prefix)) {
+      auto name = column_name(tokens[i - 1]);
+      if (!name || !text_in_every_table(*name)) continue;
+    }
     const Token& before = tokens[*start - 1];
     if (!symbol_is(before, "(") && !word_is(before, {"WHERE", "AND", "OR", "NOT"})) continue;
     if (i + 2 < tokens.size()) {

@@ -36,15 +36,29 @@ TEST(StorePrefixLike, BecomesARangeOnlyWhereItStandsAlone) {
       // "%" and "_" are plain characters of the dialect.
       {"select GR from GRUPO where E2 Like 'A%_*'",
        "select rowid AS mz_rowid , GR from GRUPO where ( E2 >= ? COLLATE MZ AND E2 < ? COLLATE MZ AND E2 Like ? )", {"A%_", "A%`", "A%_*"}},
-      // Left as they are: other wild cards, no prefix, a number-like start,
+      // No wild card: the text is its own prefix, and the Like keeps the equal ones.
+      {"select GR from GRUPO where E2 Like 'CAMISA'",
+       "select rowid AS mz_rowid , GR from GRUPO where ( E2 >= ? COLLATE MZ AND E2 < ? COLLATE MZ AND E2 Like ? )",
+       {"CAMISA", "CAMISB", "CAMISA"}},
+      // A number-like start on a column that is text in every table.
+      {"select GR from GRUPO where GR Like '12*'",
+       "select rowid AS mz_rowid , GR from GRUPO where ( GR >= ? COLLATE MZ AND GR < ? COLLATE MZ AND GR Like ? )",
+       {"12", "13", "12*"}},
+      {"select GR from GRUPO where E2 Like ' A*'",
+       "select rowid AS mz_rowid , GR from GRUPO where ( E2 >= ? COLLATE MZ AND E2 < ? COLLATE MZ AND E2 Like ? )",
+       {" A", " B", " A*"}},
+      {"Select * from entra where entra.nome Like 'SANT''ANA' AND (entra.REFERENCIA Like '0123*')",
+       "Select rowid AS mz_rowid , * from entra where ( entra . nome >= ? COLLATE MZ AND entra . nome < ? COLLATE MZ AND "
+       "entra . nome Like ? ) AND ( ( entra . REFERENCIA >= ? COLLATE MZ AND entra . REFERENCIA < ? COLLATE MZ AND "
+       "entra . REFERENCIA Like ? ) )",
+       {"SANT'ANA", "SANT'ANB", "SANT'ANA", "0123", "0124", "0123*"}},
+      // Left as they are: other wild cards, no prefix, a number-like start on a number column,
       // a letter whose capital sorts apart, and a Like inside a larger term.
       {"select GR from GRUPO where E2 Like '*POLO*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"*POLO*"}},
       {"select GR from GRUPO where E2 Like 'CAM?SA*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"CAM?SA*"}},
       {"select GR from GRUPO where E2 Like 'CAM[IE]*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"CAM[IE]*"}},
       {"select GR from GRUPO where E2 Like '*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"*"}},
-      {"select GR from GRUPO where E2 Like 'CAMISA'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"CAMISA"}},
-      {"select GR from GRUPO where GR Like '12*'", "select rowid AS mz_rowid , GR from GRUPO where GR Like ?", {"12*"}},
-      {"select GR from GRUPO where E2 Like ' A*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {" A*"}},
+      {"select QTDA from ENTRA where X1 Like '1*'", "select rowid AS mz_rowid , QTDA from ENTRA where X1 Like ?", {"1*"}},
       {"select GR from GRUPO where E2 Like 'ÿ*'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ?", {"ÿ*"}},
       {"select GR from GRUPO where E1 & E2 Like 'A*'", "select rowid AS mz_rowid , GR from GRUPO where E1 || E2 Like ?", {"A*"}},
       {"select GR from GRUPO where E2 Like 'A*' & 'B'", "select rowid AS mz_rowid , GR from GRUPO where E2 Like ? || ?", {"A*", "B"}},
@@ -110,7 +124,9 @@ TEST_F(PrefixSearch, FindsWhatTheWalkFinds) {
       "a*",   "A*",    "á*",    "Á*",    "ab*",  "ÁR*",     "árv*",  "b*",    "ç*",    "cal*",   "CALÇ*",  "calç*",
       "CALC*", "calçã*", "camisa*", "CAMISA *", "CAMÍ*", "cami*", "CAMJ*", "50%*", "50_*",  "5*", "A%*", "a_*", "A%B*",     "z*",     "Z*",
       "{*",   "ÿ*",    "Ÿ*",    "y*",    "d'*",  "D'Á*",    "é*",    "E*",    "ÉDEN*", "ñ*",     "N*",     "~*",
-      "zz*",  "*",     "q*",    "CAMISETA*", "CAMISETAS*"};
+      "zz*",  "*",     "q*",    "CAMISETA*", "CAMISETAS*",
+      // Whole texts: no wild card at all.
+      "a", "Á", "calça", "CALÇADO", "camisa", "camisa polo", "D'ÁVILA", "eden", "500", "5", "ÿ", "", "50% OFF"};
   for (const auto& pattern : patterns) {
     SCOPED_TRACE(pattern);
     EXPECT_EQ(searched(pattern), walked(pattern));

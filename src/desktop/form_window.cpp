@@ -100,6 +100,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
   // A screen with tabs lays each control on its page; page 0 of a screen
   // without tabs is the window itself.
   std::vector<QVBoxLayout*> pages;
+  const ui::Control* tabs_control = nullptr;
   for (const auto& c : controls) {
     if (c->kind() != ControlKind::Tabs) continue;
     auto* tabs = new QTabWidget(this);
@@ -118,13 +119,25 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     tabs->setObjectName(q(c->name()));
     widgets_[c.get()] = tabs;
     outer->addWidget(tabs, 1);
+    tabs_control = c.get();
     break;
   }
   auto* untabbed = new QVBoxLayout;
-  outer->addLayout(untabbed, 1);
+  outer->addLayout(untabbed, tabs_control ? 0 : 1);
+  // Controls beside the tabs stand above them when declared before them,
+  // below them when declared after.
+  auto* above_tabs = new QVBoxLayout;
+  if (tabs_control) outer->insertLayout(0, above_tabs);
+  bool after_tabs = false;
+  std::map<const ui::Control*, bool> declared_after_tabs;
+  for (const auto& c : controls) {
+    if (c.get() == tabs_control) after_tabs = true;
+    declared_after_tabs[c.get()] = after_tabs;
+  }
 
   auto page_of = [&](const ui::Control& c) -> QVBoxLayout* {
     if (pages.empty()) return untabbed;
+    if (c.page == ui::kOutsideTabs) return declared_after_tabs[&c] ? untabbed : above_tabs;
     return pages.at(static_cast<size_t>(std::clamp<int>(c.page, 0, static_cast<int>(pages.size()) - 1)));
   };
   std::map<QVBoxLayout*, std::vector<PagePlace>> items;
@@ -153,7 +166,7 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
     // A button on a later tab belongs to that tab, with the buttons declared
     // beside it in a row of their own; the others to the bar.
     if (c.kind() == ControlKind::Button) {
-      if (pages.empty() || c.page == 0) {
+      if (pages.empty() || c.page <= 0) {
         bar.push_back(make_widget(c));
         continue;
       }

@@ -105,6 +105,9 @@ std::unique_ptr<ui::Form> make_prod(ui::Runtime& rt) {
   add_total(f, "T3", "RESULTADO:");
   add_total(f, "TD", "TL. VENDAS COM DESCONTO:");
   add_total(f, "TTD", "TL. DE DESCONTO:");
+  // The period, the reference and the totals stand beside the three lists.
+  for (const auto& c : f.controls())
+    if (c->kind() != ControlKind::Grid && c->kind() != ControlKind::Tabs) c->page = ui::kOutsideTabs;
 
   f.on_load = [&rt, &f] {
     rt.centre(f);

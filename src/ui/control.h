@@ -18,6 +18,9 @@ enum class ControlKind {
 // What a field does to its own text when the focus leaves it.
 enum class LeaveRule { None, Date, Money };
 
+// The page of a control that stands beside the tabs, not on one of them.
+inline constexpr int kOutsideTabs = -1;
+
 inline constexpr uint32_t kWhite = 0xFFFFFF;
 inline constexpr uint32_t kFocusColour = 0xC0FFFF;  // blue-green-red: a pale yellow
 
@@ -55,7 +58,8 @@ class Control {
   bool enter_moves_on = false;  // Enter acts as Tab
   bool multi_line = false;      // a notes box: Enter starts a new line, Tab leaves
   std::string group;            // option buttons of one group exclude each other
-  int page = 0;                 // the tab page the control lies on, on a screen with tabs
+  int page = 0;                 // the tab page the control lies on, on a screen with tabs;
+                                // kOutsideTabs for one shown whatever page is in front
   int shortcut = 0;             // a menu item's F-key (its key code), 0 for none
   bool bold = false;            // headings and titles
   // Controls of one named block (the size slots) are drawn as a compact

@@ -15,7 +15,7 @@ void add_menu_items(Form& form, const std::vector<MenuEntry>& entries) {
 void follow_pages(Form& form, const char* tabs) {
   Control& pages = form[tabs];
   for (const auto& c : form.controls()) {
-    if (!c->is_entry() && c->kind() != ControlKind::Grid) continue;
+    if ((!c->is_entry() && c->kind() != ControlKind::Grid) || c->page == kOutsideTabs) continue;
     std::function<void()> own = c->on_got_focus;
     const int page = c->page;
     c->on_got_focus = [&pages, page, own] {

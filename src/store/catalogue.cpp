@@ -58,10 +58,17 @@ Columns ledger_columns() {
          slots("X", 1, 50, ColumnType::Number) + number({"QTDA"}) + currency({"VALOR"}) + text({"ET"});
 }
 
-// Balance queries sum one ledger by reference; the whole-reference lists
-// group by reference over the piece count; documents are found by number;
-// the summary reports select a supplier's or customer's rows by name.
-std::vector<std::string> ledger_indexes() { return {"REFERENCIA", "REFERENCIA,QTDA", "CODIGO", "DATA", "NOME"}; }
+// Balance queries sum the slots of one reference or of a group of them: the
+// slot quantities ride in the reference's index, so those sums never visit
+// the rows, which lie scattered in the order they were recorded. The
+// whole-reference lists group by reference over the piece count; documents
+// are found by number; the summary reports select a supplier's or customer's
+// rows by name.
+std::vector<std::string> ledger_indexes() {
+  std::string slots_by_reference = "REFERENCIA";
+  for (int n = 1; n <= 50; ++n) slots_by_reference += ",X" + std::to_string(n);
+  return {slots_by_reference, "REFERENCIA,QTDA", "CODIGO", "DATA", "NOME"};
+}
 
 // The customer card, in the order of the card; also the shape of the scratch
 // copy that the import reads.

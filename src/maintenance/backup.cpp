@@ -71,15 +71,17 @@ int make_backup(const fs::path& folder, const std::string& name, const std::func
   if (fs::exists(target)) fs::remove_all(target);
   fs::create_directory(target);
   int count = 0;
-  for (const std::string& file : database_files(folder)) {
-    snapshot_database(folder / file, target / file);
+  auto counted = [&] {
     ++count;
     if (copied) copied(count);
+  };
+  for (const std::string& file : database_files(folder)) {
+    snapshot_database(folder / file, target / file);
+    counted();
   }
   for (const std::string& file : report_templates(folder)) {
     fs::copy_file(folder / file, target / file, fs::copy_options::overwrite_existing);
-    ++count;
-    if (copied) copied(count);
+    counted();
   }
   return count;
 }

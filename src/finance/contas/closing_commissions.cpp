@@ -19,8 +19,6 @@ namespace {
 const std::vector<std::string> kFormHeading = {"Forma de pagamento", "Total"};
 const std::vector<std::string> kSellerHeading = {"Vendedor", "Total", "Comissão (%)", "Comissão"};
 
-std::string figure(Currency amount) { return format(Value(amount), "###,##0.00"); }
-
 // The sales times the rate taken as money, then a hundredth of it.
 std::string commission(Currency sales, const std::string& rate) {
   Currency product = sales * Currency::from_double(parse_number(rate).value_or(0));
@@ -64,12 +62,12 @@ void show_sales(ui::Runtime& rt, ui::Form& f) {
   std::vector<std::vector<std::string>> forms;
   Sales sales = sales_between(from, to);
   for (const std::string& name : option_names("\\A1.mdb"))
-    forms.push_back({" >" + name, figure(sum_of(sales.by_form, name))});
+    forms.push_back({" >" + name, ui::money_text(Value(sum_of(sales.by_form, name)))});
 
   std::vector<std::vector<std::string>> rows;
   for (const Seller& s : sellers()) {
     Currency sold = sum_of(sales.by_seller, s.name);
-    rows.push_back({" >" + s.name, figure(sold), s.rate, commission(sold, s.rate)});
+    rows.push_back({" >" + s.name, ui::money_text(Value(sold)), s.rate, commission(sold, s.rate)});
   }
   ui::show_rows(f["Grid2"], kFormHeading, forms);
   ui::show_rows(f["Grid3"], kSellerHeading, rows);

@@ -5,6 +5,7 @@
 #include "print/line_printer.h"
 #include "store/database.h"
 #include "store/sql_text.h"
+#include "ui/fields.h"
 
 namespace mz::finance::contas {
 
@@ -13,8 +14,6 @@ namespace {
 constexpr const char* kDashes = "  -----------------------------------------------------";
 constexpr const char* kCondensed = "\x1B\x0F";
 constexpr int kRunOutLines = 8;
-
-std::string figure(Currency amount) { return format(Value(amount), "###,##0.00"); }
 
 // The settled accounts of one operation due on the day, a line each, in
 // the order of their control numbers; returns their total.
@@ -35,7 +34,8 @@ Currency settled_due(std::vector<std::string>& lines, const char* operation, con
 
 void by_name(std::vector<std::string>& lines, const char* mark, const std::vector<std::string>& names,
              const Sums& sums) {
-  for (const std::string& name : names) lines.push_back(mark + name + "  > R$: " + figure(sum_of(sums, name)));
+  for (const std::string& name : names)
+    lines.push_back(mark + name + "  > R$: " + ui::money_text(Value(sum_of(sums, name))));
 }
 
 }  // namespace
@@ -58,11 +58,12 @@ std::vector<std::string> closing_lines(TicketMode mode, const std::string& day, 
   lines.push_back(graphic ? "  SAIDAS" : " SAIDAS");
   Currency exits = settled_due(lines, "Pagar", "D6", d);
   lines.push_back(kDashes);
-  lines.push_back(" TOTAL DE ENTRADAS R$. " + figure(entries));
-  lines.push_back(" TOTAL DE SAIDAS   R$. " + figure(exits));
-  lines.push_back((graphic ? " SALDO R$............. " : "             SALDO R$.") + figure(entries - exits));
+  lines.push_back(" TOTAL DE ENTRADAS R$. " + ui::money_text(Value(entries)));
+  lines.push_back(" TOTAL DE SAIDAS   R$. " + ui::money_text(Value(exits)));
+  const char* balance = graphic ? " SALDO R$............. " : "             SALDO R$.";
+  lines.push_back(balance + ui::money_text(Value(entries - exits)));
   lines.push_back("");
-  lines.push_back(" VENDAS DO DIA R$." + figure(sales_between(d, d).total));
+  lines.push_back(" VENDAS DO DIA R$." + ui::money_text(Value(sales_between(d, d).total)));
   lines.push_back("");
   lines.push_back("");
   const char* mark = graphic ? "  >" : " >";

@@ -27,7 +27,7 @@ std::string accounts_of(const Variant& v, const Period& period, const std::strin
 
 }  // namespace
 
-long fill_rela3(const Variant& v, const Period& period, const std::string* customer) {
+void fill_rela3(const Variant& v, const Period& period, const std::string* customer) {
   const bool settled = std::string_view(v.status) == "F";
   store::Database contas = store::Workspace::open_database("\\Contas.Mdb");
   store::Recordset from = contas.open_recordset(accounts_of(v, period, customer));
@@ -35,8 +35,7 @@ long fill_rela3(const Variant& v, const Period& period, const std::string* custo
   store::Database::Transaction unit(rela);
   rela.execute("DELETE FROM Rela3;");
   store::Recordset to = rela.open_recordset("SELECT* FROM Rela3");
-  long copied = 0;
-  for (; !from.eof(); from.move_next(), ++copied) {
+  for (; !from.eof(); from.move_next()) {
     to.add_new();
     for (const char* column : kCopied) to[column] = from[column].value();
     to["D9"] = from[customer ? "D8" : "D9"].value();
@@ -50,7 +49,6 @@ long fill_rela3(const Variant& v, const Period& period, const std::string* custo
     to.update();
   }
   unit.commit();
-  return copied;
 }
 
 void print_rela3(ui::Runtime& rt, ReportPair& reports, const Variant& v) {

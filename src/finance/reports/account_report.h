@@ -17,8 +17,7 @@ struct Period {
 
 // Rows of CADA that the variant selects in the period (and of one
 // customer when `customer` is given), into Rela3 in the order of D3.
-// Returns the number of rows copied.
-long fill_rela3(const Variant& v, const Period& period, const std::string* customer);
+void fill_rela3(const Variant& v, const Period& period, const std::string* customer);
 
 // The screen's two report components: the preview and the printer.
 struct ReportPair {

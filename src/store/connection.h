@@ -132,4 +132,7 @@ inline constexpr int kConversion = 3421;
 inline constexpr int kGeneric = 3000;
 }  // namespace dberr
 
+// Error 3024: the file is not where it was looked for.
+[[noreturn]] void file_not_found(const std::filesystem::path& file);
+
 }  // namespace mz::store

@@ -97,7 +97,7 @@ Database Workspace::open_database(std::string_view path, std::string_view connec
   if (slot && slot->replaced_on_disk()) {
     if (!std::filesystem::exists(file)) {  // removed behind our back
       registry().erase(key);
-      throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+      file_not_found(file);
     }
     slot.reset();  // renamed over by a repair or restore: open the new file
   }

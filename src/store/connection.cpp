@@ -42,6 +42,10 @@ void file_not_found(const std::filesystem::path& file) {
   throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
 }
 
+void item_not_found(std::string_view name) {
+  throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(name) + "'.");
+}
+
 void Connection::set_lock_timeout_ms(int ms) { lock_timeout_ms = ms; }
 
 Connection::Connection(const std::filesystem::path& file) : path_(file) {

@@ -256,7 +256,7 @@ struct Recordset::Impl : OpenCursor {
   size_t index_of(std::string_view name) const {
     for (size_t i = 0; i < names.size(); ++i)
       if (same_name(names[i], name)) return i;
-    throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(name) + "'.");
+    item_not_found(name);
   }
 
   void require_updatable() const {

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace mz::desktop {
@@ -41,6 +42,29 @@ bool is_lone_label(const PagePlace& place) {
   return !place.caption && qobject_cast<const QLabel*>(place.field) != nullptr;
 }
 
+// A field with buttons under it makes its row taller than a line: the
+// captions and fields of that row stand level with the field's first line.
+void level_tall_rows(QGridLayout* grid) {
+  std::map<int, int> line_height;  // of each tall row
+  for (int i = 0; i < grid->count(); ++i) {
+    QWidget* w = grid->itemAt(i)->widget();
+    const auto* lines = w ? qobject_cast<const QVBoxLayout*>(w->layout()) : nullptr;
+    if (!lines || lines->count() < 2) continue;
+    int row, col, rows, cols;
+    grid->getItemPosition(i, &row, &col, &rows, &cols);
+    line_height[row] = lines->itemAt(0)->sizeHint().height();
+  }
+  for (int i = 0; i < grid->count() && !line_height.empty(); ++i) {
+    int row, col, rows, cols;
+    grid->getItemPosition(i, &row, &col, &rows, &cols);
+    QWidget* w = grid->itemAt(i)->widget();
+    const auto tall = line_height.find(row);
+    if (!w || rows > 1 || tall == line_height.end()) continue;
+    if (qobject_cast<QLabel*>(w)) w->setMinimumHeight(tall->second);  // its text level with the field's
+    grid->setAlignment(w, Qt::AlignTop);
+  }
+}
+
 void add_pictures(QGridLayout* grid, const Places& pictures, int column, int rows) {
   for (size_t p = 0; p < pictures.size(); ++p)
     grid->addWidget(pictures[p]->field, 0, column + static_cast<int>(p), std::max(1, rows), 1, Qt::AlignTop);
@@ -62,6 +86,7 @@ QGridLayout* fields_in_columns(const Places& fields, const Places& pictures) {
     grid->setColumnStretch(col + 1, 1);
     grid->setColumnMinimumWidth(col + 1, 190);
   }
+  level_tall_rows(grid);
   return grid;
 }
 
@@ -133,6 +158,7 @@ QGridLayout* fields_in_rows(const Places& fields, const Places& pictures) {
     grid->setColumnMinimumWidth(col * 2 + 1, kFieldWidthInRows);
   }
   add_pictures(grid, pictures, columns * 2, row + 1);
+  level_tall_rows(grid);
   return grid;
 }
 

@@ -38,12 +38,19 @@ void StatementLease::release() {
   stmt_ = nullptr;
 }
 
+void file_not_found(const std::filesystem::path& file) {
+  throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+}
+
+void item_not_found(std::string_view name) {
+  throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(name) + "'.");
+}
+
 void Connection::set_lock_timeout_ms(int ms) { lock_timeout_ms = ms; }
 
 Connection::Connection(const std::filesystem::path& file) : path_(file) {
   std::error_code ec;
-  if (!std::filesystem::is_regular_file(file, ec))
-    throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+  if (!std::filesystem::is_regular_file(file, ec)) file_not_found(file);
   int rc = sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
   if (rc != SQLITE_OK) {
     sqlite3_close(db_);
@@ -85,8 +92,7 @@ void Connection::give_back(const std::string& sql, sqlite3_stmt* stmt) {
 
 void Connection::attach(const std::filesystem::path& file, const std::string& schema) {
   std::error_code ec;
-  if (!std::filesystem::is_regular_file(file, ec))
-    throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+  if (!std::filesystem::is_regular_file(file, ec)) file_not_found(file);
   sqlite3_stmt* stmt = nullptr;
   check(sqlite3_prepare_v2(db_, "ATTACH DATABASE ? AS ?", -1, &stmt, nullptr));
   sqlite3_bind_text(stmt, 1, file.c_str(), -1, SQLITE_TRANSIENT);

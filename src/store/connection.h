@@ -132,4 +132,9 @@ inline constexpr int kConversion = 3421;
 inline constexpr int kGeneric = 3000;
 }  // namespace dberr
 
+// Error 3024: the file is not where it was looked for.
+[[noreturn]] void file_not_found(const std::filesystem::path& file);
+// Error 3265: no field, or no file of a unit, goes by that name.
+[[noreturn]] void item_not_found(std::string_view name);
+
 }  // namespace mz::store

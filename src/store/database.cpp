@@ -97,7 +97,7 @@ Database Workspace::open_database(std::string_view path, std::string_view connec
   if (slot && slot->replaced_on_disk()) {
     if (!std::filesystem::exists(file)) {  // removed behind our back
       registry().erase(key);
-      throw Error(dberr::kFileNotFound, "Não foi possível encontrar o arquivo '" + file.string() + "'.");
+      file_not_found(file);
     }
     slot.reset();  // renamed over by a repair or restore: open the new file
   }
@@ -256,7 +256,7 @@ struct Recordset::Impl : OpenCursor {
   size_t index_of(std::string_view name) const {
     for (size_t i = 0; i < names.size(); ++i)
       if (same_name(names[i], name)) return i;
-    throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(name) + "'.");
+    item_not_found(name);
   }
 
   void require_updatable() const {

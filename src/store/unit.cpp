@@ -34,7 +34,7 @@ Unit::~Unit() {
 Database Unit::database(std::string_view file) const {
   auto it = std::find(files_.begin(), files_.end(), normal_path(file));
   if (it == files_.end())
-    throw Error(dberr::kItemNotFound, "Item não encontrado nesta coleção: '" + std::string(file) + "'.");
+    item_not_found(file);
   return Database(conn_, std::string(file), schema_of(static_cast<size_t>(it - files_.begin())));
 }
 

@@ -5,7 +5,7 @@
 #include "records/customers.h"
 #include "sales/prod/period.h"
 #include "sales/results_screens.h"
-#include "store/database.h"
+#include "sales/sellers.h"
 #include "ui/fields.h"
 
 namespace mz::sales {
@@ -28,20 +28,12 @@ void search(ui::Runtime& rt, ui::Form& f, const char* column = nullptr, const ch
     total = total + prod::amount_of(s.total);
   }
   ui::show_rows(f["Grid1"], kHeading, rows);
-  f["TL"].set_text(prod::money(total));
+  f["TL"].set_text(money(total));
 }
 
 void search_by(ui::Runtime& rt, ui::Form& f, const char* column, const char* field) {
   if (f[field].text().empty()) return;  // no one chosen: nothing to narrow to
   search(rt, f, column, field);
-}
-
-std::vector<std::string> sellers() {
-  std::vector<std::string> names;
-  store::Database db = store::Workspace::open_database("\\SALA.Mdb");
-  for (store::Recordset rs = db.open_recordset("Select X2 From sala order by x2"); !rs.eof(); rs.move_next())
-    names.push_back(rs["X2"].text());
-  return names;
 }
 
 }  // namespace
@@ -73,7 +65,7 @@ std::unique_ptr<ui::Form> make_busvenda(ui::Runtime& rt) {
     f["A2"].set_text(ui::today_text(rt));
     f["A3"].set_text(ui::today_text(rt));
     f["TL"].set_text("0,00");
-    ui::name_combo(f["A4"], sellers());
+    ui::name_combo(f["A4"], seller_names());
     ui::name_combo(f["A6"], records::customer_names());
   };
   return form;

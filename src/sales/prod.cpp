@@ -33,9 +33,9 @@ void clear(ui::Form& f) {
 
 void show_products(ui::Form& f, const prod::ProductTotals& totals) {
   ui::show_rows(f["Grid1"], kProducts, totals.rows);
-  f["T1"].set_text(prod::money(totals.cost));
-  f["T2"].set_text(prod::money(totals.sales));
-  f["T3"].set_text(prod::money(totals.sales - totals.cost));
+  f["T1"].set_text(money(totals.cost));
+  f["T2"].set_text(money(totals.sales));
+  f["T3"].set_text(money(totals.sales - totals.cost));
 }
 
 void search(ui::Runtime& rt, ui::Form& f) {
@@ -47,8 +47,8 @@ void search(ui::Runtime& rt, ui::Form& f) {
   show_products(f, totals);
   ui::show_rows(f["Grid3"], kRanking, prod::ranking(lines));
   const Currency charged = prod::charged_total(lines);
-  f["TD"].set_text(prod::money(charged));
-  f["TTD"].set_text(prod::money(totals.sales - charged));
+  f["TD"].set_text(money(charged));
+  f["TTD"].set_text(money(totals.sales - charged));
   rt.wait_pointer(false);
 }
 

@@ -7,8 +7,10 @@
 #include "core/error.h"
 #include "core/format.h"
 #include "core/text.h"
-#include "records/grade.h"
+#include "sales/money.h"
 #include "sales/results_screens.h"
+#include "sales/size_fields.h"
+#include "stock/balance.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "store/unit.h"
@@ -20,12 +22,9 @@ using ui::ControlKind;
 
 namespace {
 
-constexpr int kSlots = 50;
 const std::vector<std::string> kHeading = {"QTDA", "PRODUTO", "TAMANHO", "VL.UNIT.", "VL.TOTAL"};
 const char* const kCaptions[] = {"QTDA:", "REF.:", "DESCRIÇÃO:", "TAM:", "VL.UNIT.:", "TOTAL:"};
 
-std::string size_field(int n) { return "A" + std::to_string(n); }
-std::string money(const Currency& value) { return format(Value(value), "###,##0.00"); }
 
 void search(ui::Form& f) {
   f["nr"].set_text(format(Value(f["nr"].text()), "00000000"));
@@ -63,9 +62,7 @@ void look_up_replacement(ui::Form& f) {
   if (rs.eof()) return;
   f["T3"].set_text(rs["E2"].text());
   f["T5"].set_text(ui::money_text(rs["E11"]));
-  const std::string slot = mid(code, 5, 2);
-  for (int n = 1; n <= kSlots; ++n)
-    if (slot == format(Value(n), "00")) f["T4"].set_text(f[size_field(n)].text());
+  if (int slot = size_slot(code, 5)) f["T4"].set_text(f[size_field(slot)].text());
   try {
     f["T6"].set_text(money(Value(f["T1"].text()).to_currency() * Value(f["T5"].text()).to_currency()));
   } catch (const Error&) {
@@ -84,9 +81,9 @@ std::string exchanged_line(const ui::Form& f) {
   std::string set = "qtda = " + quantity + ", v1 = " + store::sql_quote(">" + code + "-" + f["T3"].text()) +
                     ", v2 = " + store::sql_quote(f["T4"].text()) + ", V3 = " + store::sql_quote(f["T5"].text()) +
                     ", V4 = " + store::sql_quote(f["T6"].text()) + ", REFERENCIA = " + store::sql_quote(left(code, 4));
-  const std::string slot = mid(code, 5, 2);
-  for (int n = 1; n <= kSlots; ++n)
-    set += ", X" + std::to_string(n) + " = " + (slot == format(Value(n), "00") ? quantity : std::string("'0'"));
+  const int slot = size_slot(code, 5);
+  for (int n = 1; n <= stock::kSlots; ++n)
+    set += ", X" + std::to_string(n) + " = " + (n == slot ? quantity : std::string("'0'"));
   return set;
 }
 
@@ -136,12 +133,11 @@ std::unique_ptr<ui::Form> make_troca(ui::Runtime& rt) {
   f["T2"].on_lost_focus = [&f] { look_up_replacement(f); };
   f.add("Command2", ControlKind::Button, "Confirma").on_click = [&rt, &f] { confirm(rt, f); };
   f.add("Command3", ControlKind::Button, "Volta").on_click = [&rt] { rt.close("troca"); };
-  for (int n = 1; n <= kSlots; ++n) f.add(size_field(n), ControlKind::TextBox).visible = false;
+  add_size_fields(f);
 
   f.on_load = [&rt, &f] {
     rt.centre(f);
-    auto names = records::grade_load();
-    for (int n = 1; n <= kSlots; ++n) f[size_field(n)].set_text(names ? (*names)[static_cast<size_t>(n - 1)] : "");
+    load_size_names(f);
   };
   return form;
 }

@@ -7,6 +7,7 @@
 
 #include "sales/printing.h"
 #include "sales/screens.h"
+#include "sales/size_fields.h"
 #include "sales/venda/closing.h"
 #include "sales/venda/history.h"
 #include "sales/venda/items.h"
@@ -106,7 +107,7 @@ std::unique_ptr<ui::Form> make_venda(ui::Runtime& rt) {
     venda::reset_amounts(f);
     venda::load_history(f);
     venda::load_items(f);
-    venda::load_size_names(f);
+    load_size_names(f);
     f.last_focus = &f["GR"];  // the clerk scans as soon as the screen shows
   };
   return form;

@@ -1,6 +1,7 @@
 // The rows a recorded sale leaves in its four files.
 #include <gtest/gtest.h>
 
+#include "sales/stored_rows.h"
 #include "sales/venda/posting.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -10,21 +11,6 @@ namespace mz::sales {
 namespace {
 
 const Date kToday = Date::from_ymd(2026, 11, 24);
-
-// Every row of a query, its columns joined by "|", a null shown as "~".
-std::vector<std::string> rows(const char* file, const std::string& sql) {
-  store::Recordset rs = store::Workspace::open_database(file).open_recordset(sql);
-  std::vector<std::string> out;
-  for (; !rs.eof(); rs.move_next()) {
-    std::string row;
-    for (size_t i = 0; i < rs.field_count(); ++i) {
-      Value v = rs[i];
-      row += (i ? "|" : "") + (v.is_null() ? std::string("~") : v.text());
-    }
-    out.push_back(row);
-  }
-  return out;
-}
 
 SaleOnScreen counter_sale() {
   SaleOnScreen s;
@@ -126,7 +112,7 @@ TEST(SalePostingRows, EachCaseWritesItsRowsInAllFourFiles) {
     SCOPED_TRACE(c.name);
     testing::ScratchFolder folder;
     EXPECT_EQ(post_sale(c.sale, kToday), "00000001");
-    auto lines = rows("VENDA.MDB", "SELECT CODIGO, NOME, DATA, VENDEDOR, PAGAMENTO, VALOR, PARCELA, QTDA, "
+    auto lines = stored_rows("VENDA.MDB", "SELECT CODIGO, NOME, DATA, VENDEDOR, PAGAMENTO, VALOR, PARCELA, QTDA, "
                                    "REFERENCIA, V1, V2, V3, V4 FROM VENDA ORDER BY V1");
     ASSERT_EQ(lines.size(), c.sale.items.size());
     for (size_t i = 0; i < lines.size(); ++i) {
@@ -135,17 +121,17 @@ TEST(SalePostingRows, EachCaseWritesItsRowsInAllFourFiles) {
                               c.sale.k5 + "|" + item[0] + "|0012|" + item[1] + "|" + item[2] + "|" + item[3] + "|" +
                               item[4]);
     }
-    EXPECT_EQ(rows("VENDA1.MDB", "SELECT CODIGO, W4, W5, W6, C1, K1, K2, K3, K4, K5 FROM VENDA ORDER BY K1"),
+    EXPECT_EQ(stored_rows("VENDA1.MDB", "SELECT CODIGO, W4, W5, W6, C1, K1, K2, K3, K4, K5 FROM VENDA ORDER BY K1"),
               c.venda1);
-    EXPECT_EQ(rows("VENDA1.MDB", "SELECT W1, W2, W3, DATA, VENDEDOR, C2, C3 FROM VENDA GROUP BY W1, W2, W3, DATA, "
+    EXPECT_EQ(stored_rows("VENDA1.MDB", "SELECT W1, W2, W3, DATA, VENDEDOR, C2, C3 FROM VENDA GROUP BY W1, W2, W3, DATA, "
                                  "VENDEDOR, C2, C3"),
               std::vector<std::string>{c.sale.w1 + "|0,00|" + c.sale.w3 + "|24/11/2026|JOANA|3333-4444|123.456.789-00"});
-    auto accounts = rows("Contas.Mdb", "SELECT CODIGO, D1, D2, D3, D4, D5, D6, D9, BX, PG, VP, D10, GRUPO, NOME "
+    auto accounts = stored_rows("Contas.Mdb", "SELECT CODIGO, D1, D2, D3, D4, D5, D6, D9, BX, PG, VP, D10, GRUPO, NOME "
                                        "FROM CADA ORDER BY CODIGO");
     EXPECT_EQ(accounts, c.accounts);
-    EXPECT_EQ(rows("Contas.Mdb", "SELECT D7, D8 FROM CADA GROUP BY D7, D8"),
+    EXPECT_EQ(stored_rows("Contas.Mdb", "SELECT D7, D8 FROM CADA GROUP BY D7, D8"),
               std::vector<std::string>{c.sale.k4 + "|"});
-    EXPECT_EQ(rows("Caixa.Mdb", "SELECT codigo, A1, A2, A3, A4, A5, A6, PLANO FROM Cada"),
+    EXPECT_EQ(stored_rows("Caixa.Mdb", "SELECT codigo, A1, A2, A3, A4, A5, A6, PLANO FROM Cada"),
               std::vector<std::string>{c.cash});
   }
 }
@@ -158,7 +144,7 @@ TEST(SalePostingRows, TheSizeSlotOfTheCodeHoldsTheQuantity) {
              {"1", ">001250-CAMISA POLO", "XG", "40,00", "40,00"},
              {"5", ">001299-CAMISA POLO", "", "40,00", "200,00"}};
   post_sale(s, kToday);
-  auto slots = rows("VENDA.MDB", "SELECT QTDA, X1, X3, X50, X1+X2+X3+X4+X5+X6+X7+X8+X9+X10+X11+X12+X13+X14+X15+X16+"
+  auto slots = stored_rows("VENDA.MDB", "SELECT QTDA, X1, X3, X50, X1+X2+X3+X4+X5+X6+X7+X8+X9+X10+X11+X12+X13+X14+X15+X16+"
                                  "X17+X18+X19+X20+X21+X22+X23+X24+X25+X26+X27+X28+X29+X30+X31+X32+X33+X34+X35+X36+X37+"
                                  "X38+X39+X40+X41+X42+X43+X44+X45+X46+X47+X48+X49+X50 FROM VENDA ORDER BY V1");
   EXPECT_EQ(slots, (std::vector<std::string>{"2|0|2|0|2", "1|0|0|1|1", "5|0|0|0|0"}));
@@ -173,9 +159,9 @@ TEST(SalePostingRows, KeysFollowTheHighestOnFile) {
   SaleOnScreen s = counter_sale();
   EXPECT_EQ(post_sale(s, kToday), "00000042");
   EXPECT_EQ(post_sale(s, kToday), "00000043");
-  EXPECT_EQ(rows("Contas.Mdb", "SELECT CODIGO, D4 FROM CADA WHERE D1 = 'Receber' ORDER BY CODIGO"),
+  EXPECT_EQ(stored_rows("Contas.Mdb", "SELECT CODIGO, D4 FROM CADA WHERE D1 = 'Receber' ORDER BY CODIGO"),
             (std::vector<std::string>{"000100|00000042", "000101|00000043"}));
-  EXPECT_EQ(rows("Caixa.Mdb", "SELECT codigo, A3 FROM Cada WHERE A2 = 'Crédito' ORDER BY codigo"),
+  EXPECT_EQ(stored_rows("Caixa.Mdb", "SELECT codigo, A3 FROM Cada WHERE A2 = 'Crédito' ORDER BY codigo"),
             (std::vector<std::string>{"0001000|00000042", "0001001|00000043"}));
 }
 

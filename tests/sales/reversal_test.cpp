@@ -11,6 +11,7 @@
 #include <thread>
 
 #include "core/error.h"
+#include "sales/stored_rows.h"
 #include "sales/venda/posting.h"
 #include "sales/venda/reversal.h"
 #include "store/database.h"
@@ -21,21 +22,6 @@ namespace {
 
 const Date kSold = Date::from_ymd(2026, 11, 24);
 const Date kReversed = Date::from_ymd(2026, 11, 30);
-
-// Every row of a query, its columns joined by "|", a null shown as "~".
-std::vector<std::string> rows(const char* file, const std::string& sql) {
-  store::Recordset rs = store::Workspace::open_database(file).open_recordset(sql);
-  std::vector<std::string> out;
-  for (; !rs.eof(); rs.move_next()) {
-    std::string row;
-    for (size_t i = 0; i < rs.field_count(); ++i) {
-      Value v = rs[i];
-      row += (i ? "|" : "") + (v.is_null() ? std::string("~") : v.text());
-    }
-    out.push_back(row);
-  }
-  return out;
-}
 
 SaleOnScreen sale(const std::string& customer, int instalments) {
   SaleOnScreen s;
@@ -59,10 +45,10 @@ struct Counts {
 
 Counts counts(const std::string& number) {
   const std::string q = "'" + number + "'";
-  return {rows("VENDA.MDB", "SELECT CODIGO FROM VENDA WHERE CODIGO = " + q).size(),
-          rows("VENDA1.MDB", "SELECT CODIGO FROM VENDA WHERE CODIGO = " + q).size(),
-          rows("Contas.Mdb", "SELECT CODIGO FROM Cada WHERE D4 = " + q).size(),
-          rows("Caixa.Mdb", "SELECT codigo FROM Cada WHERE A3 = " + q).size()};
+  return {stored_rows("VENDA.MDB", "SELECT CODIGO FROM VENDA WHERE CODIGO = " + q).size(),
+          stored_rows("VENDA1.MDB", "SELECT CODIGO FROM VENDA WHERE CODIGO = " + q).size(),
+          stored_rows("Contas.Mdb", "SELECT CODIGO FROM Cada WHERE D4 = " + q).size(),
+          stored_rows("Caixa.Mdb", "SELECT codigo FROM Cada WHERE A3 = " + q).size()};
 }
 
 void expect_counts(const std::string& number, Counts want) {
@@ -93,7 +79,7 @@ TEST(SaleReversal, TakesOutEveryRowOfTheSaleAndLeavesOneMarker) {
     reverse_sale(kFirst, kReversed);
     expect_counts("00000001", {0, 0, 1, 1});  // the marker, and the sale's credit in the cash book
     expect_counts("00000002", c.before);
-    EXPECT_EQ(rows("Contas.Mdb", "SELECT D1, D2, D3, D4, D5, D6, D7, D8, D9, BX, PG, VP, D10, GRUPO, NOME FROM Cada "
+    EXPECT_EQ(stored_rows("Contas.Mdb", "SELECT D1, D2, D3, D4, D5, D6, D7, D8, D9, BX, PG, VP, D10, GRUPO, NOME FROM Cada "
                                  "WHERE D4 = '00000001'"),
               std::vector<std::string>{"Receber|30/11/2026|30/11/2026|00000001|0|Estono - JOANA|CONTAS|Estorno Venda|"
                                        "ANA|F|30/11/2026|P|Estorno Venda|Estorno Venda|~"});
@@ -108,8 +94,8 @@ TEST(SaleReversal, SettledInstalmentsGoTooAndTheirCashStays) {
   store::Workspace::open_database("Caixa.Mdb")
       .execute("INSERT INTO Cada (codigo, A1, A2, A3, A5) VALUES ('0000002', #11/28/2026#, 'Crédito', '000001', 30)");
   reverse_sale(kFirst, kReversed);
-  EXPECT_EQ(rows("Contas.Mdb", "SELECT CODIGO, BX FROM Cada ORDER BY CODIGO"), std::vector<std::string>{"000001|F"});
-  EXPECT_EQ(rows("Caixa.Mdb", "SELECT codigo, A3 FROM Cada ORDER BY codigo"),
+  EXPECT_EQ(stored_rows("Contas.Mdb", "SELECT CODIGO, BX FROM Cada ORDER BY CODIGO"), std::vector<std::string>{"000001|F"});
+  EXPECT_EQ(stored_rows("Caixa.Mdb", "SELECT codigo, A3 FROM Cada ORDER BY codigo"),
             (std::vector<std::string>{"0000001|00000001", "0000002|000001"}));
 }
 
@@ -118,7 +104,7 @@ TEST(SaleReversal, ANumberNotOnFileLeavesOnlyTheMarker) {
   post_sale(sale("ANA", 0), kSold);
   reverse_sale({"00000007", "JOANA", "DINHEIRO", "ANA", "P"}, kReversed);
   expect_counts("00000001", {2, 1, 1, 1});
-  EXPECT_EQ(rows("Contas.Mdb", "SELECT CODIGO, D4, D5 FROM Cada WHERE D4 = '00000007'"),
+  EXPECT_EQ(stored_rows("Contas.Mdb", "SELECT CODIGO, D4, D5 FROM Cada WHERE D4 = '00000007'"),
             std::vector<std::string>{"000002|00000007|0"});
 }
 

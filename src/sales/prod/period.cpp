@@ -1,7 +1,6 @@
 #include "sales/prod/period.h"
 
 #include "core/error.h"
-#include "core/format.h"
 #include "core/input_helpers.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -25,9 +24,9 @@ std::vector<SaleRow> period_sales(const Period& p, const char* column, const std
   sql += std::string(" GROUP BY ") + kHeader + " ORDER BY " + kHeader;
   std::vector<SaleRow> rows;
   store::Database db = store::Workspace::open_database("\\VENDA.MDB");
+  // By position, in the order of the select: a month holds thousands of rows.
   for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next())
-    rows.push_back({rs["CODIGO"].text(), store::data_tela(rs["DATA"]), rs["NOME"].text(), rs["VENDEDOR"].text(),
-                    rs["PAGAMENTO"].text(), rs["VALOR"].value()});
+    rows.push_back({rs[0].text(), store::data_tela(rs[1]), rs[2].text(), rs[3].text(), rs[4].text(), rs[5].value()});
   return rows;
 }
 
@@ -39,7 +38,5 @@ Currency amount_of(const Value& v) {
     return {};  // a price or cost typed as no amount weighs nothing
   }
 }
-
-std::string money(const Currency& value) { return format(Value(value), "###,##0.00"); }
 
 }  // namespace mz::sales::prod

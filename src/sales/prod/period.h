@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/value.h"
+#include "sales/money.h"
 #include "ui/runtime.h"
 
 namespace mz::sales::prod {
@@ -44,6 +45,5 @@ std::vector<std::string> cells(Texts&&... texts) {
 
 // Money read from a column; a null or an unreadable text counts as 0.
 Currency amount_of(const Value& v);
-std::string money(const Currency& value);
 
 }  // namespace mz::sales::prod

@@ -8,10 +8,10 @@
 #include "core/text.h"
 #include "records/customers.h"
 #include "records/option_list.h"
+#include "sales/sellers.h"
 #include "sales/venda/customer.h"
 #include "sales/venda/grids.h"
 #include "sales/venda/items.h"
-#include "store/database.h"
 #include "ui/fields.h"
 #include "ui/keys.h"
 
@@ -205,13 +205,7 @@ void go_to_closing(ui::Runtime& rt, ui::Form& f) {
 
 void fill_payment_forms(ui::Form& f) { f["K4"].items = records::list_items(records::lists::kPaymentForms); }
 
-void fill_sellers(ui::Form& f) {
-  std::vector<std::string> names;
-  store::Database db = store::Workspace::open_database("\\SALA.Mdb");
-  for (store::Recordset rs = db.open_recordset("Select X2 From sala order by x2"); !rs.eof(); rs.move_next())
-    names.push_back(rs["X2"].text());
-  ui::name_combo(f["VEN"], std::move(names));
-}
+void fill_sellers(ui::Form& f) { ui::name_combo(f["VEN"], seller_names()); }
 
 void fill_customers(ui::Form& f) { ui::name_combo(f["c1"], records::customer_names()); }
 

@@ -6,7 +6,7 @@
 #include "core/format.h"
 #include "core/input_helpers.h"
 #include "core/text.h"
-#include "records/grade.h"
+#include "sales/size_fields.h"
 #include "sales/venda/grids.h"
 #include "stock/psest.h"
 #include "store/database.h"
@@ -20,8 +20,6 @@ using ui::ControlKind;
 namespace {
 
 const std::vector<std::string> kLineHeading = {"QTDA", "PRODUTO", "TAMANHO", "VL.UNIT.", "VL.TOTAL"};
-
-std::string size_field(int n) { return "A" + std::to_string(n); }
 
 void show_total(ui::Form& f, const Currency& total) {
   f["TL"].set_text(money(total));
@@ -98,8 +96,6 @@ void price_filter(ui::Control& field) {
 
 Currency amount(const std::string& text) { return Value(text).to_currency(); }
 
-std::string money(const Currency& value) { return format(Value(value), "###,##0.00"); }
-
 void look_up(ui::Form& f) {
   f["TP"].set_text("");
   f["foto"].set_text("");
@@ -113,9 +109,7 @@ void look_up(ui::Form& f) {
   if (f["FP"].text() == "A VISTA") f["E11"].set_text(ui::money_text(rs["E9"]));
   if (f["FP"].text() == "A PRAZO") f["E11"].set_text(ui::money_text(rs["E11"]));
   if (!f["xvv"].text().empty()) f["E11"].set_text(format(Value(f["xvv"].text()), "###,##0.00"));
-  const std::string slot = mid(code, 5, 2);
-  for (int n = 1; n <= stock::kSlots; ++n)
-    if (slot == format(Value(n), "00")) f["TP"].set_text(f[size_field(n)].text());
+  if (int slot = size_slot(code, 5)) f["TP"].set_text(f[size_field(slot)].text());
   f["xvv"].set_text("");
 }
 
@@ -167,11 +161,6 @@ void load_items(ui::Form& f) {
   clear_rows(f["Grid1"]);
 }
 
-void load_size_names(ui::Form& f) {
-  auto names = records::grade_load();
-  for (int n = 1; n <= stock::kSlots; ++n) f[size_field(n)].set_text(names ? (*names)[static_cast<size_t>(n - 1)] : "");
-}
-
 void add_items_tab(ui::Runtime& rt, ui::Form& f) {
   f.add("foto", ControlKind::Label).visible = false;
   ui::Control& fp = ui::add_field(f, "FP", ControlKind::ComboBox, "TABELA DE PREÇO:");
@@ -201,7 +190,7 @@ void add_items_tab(ui::Runtime& rt, ui::Form& f) {
   ui::Control& grid = f.add("Grid1", ControlKind::Grid);
   ui::show_rows(grid, kLineHeading, {});
   grid.on_dbl_click = [&rt, &f] { take_back(rt, f); };
-  for (int n = 1; n <= stock::kSlots; ++n) f.add(size_field(n), ControlKind::TextBox).visible = false;
+  add_size_fields(f);
   f.add("Command11", ControlKind::Button, "01- Busca por nome").on_click = [&rt] { rt.show("BNOME"); };
   f.add("Command9", ControlKind::Button, "02- Ver estoque").on_click = [&rt, &f] { show_stock(rt, f); };
   f.add("Command12", ControlKind::Button, "Foto").on_click = [&rt, &f] { show_photo(rt, f); };

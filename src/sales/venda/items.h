@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/value.h"
+#include "sales/money.h"
 #include "ui/runtime.h"
 
 namespace mz::sales::venda {
@@ -13,13 +14,11 @@ inline constexpr int kClosingPage = 1;
 
 // Amounts on the screen: "###,##0.00" text read as fixed-point currency.
 Currency amount(const std::string& text);
-std::string money(const Currency& value);
 
 void add_items_tab(ui::Runtime& rt, ui::Form& f);
 // The items tab's part of the screen's load: the price table, the quantity,
-// the total, the grid; the size names come last.
+// the total, the grid; the size names come after it.
 void load_items(ui::Form& f);
-void load_size_names(ui::Form& f);
 
 // Enter in GR: the product of the code's reference, its price and size.
 void look_up(ui::Form& f);

@@ -3,8 +3,9 @@
 // a second station can neither take the same ones nor see half a sale.
 #include "sales/venda/posting.h"
 
-#include "core/format.h"
 #include "core/text.h"
+#include "sales/size_fields.h"
+#include "stock/balance.h"
 #include "store/keys.h"
 #include "store/sql_text.h"
 #include "store/unit.h"
@@ -13,7 +14,6 @@
 namespace mz::sales {
 namespace {
 
-constexpr int kSlots = 50;
 constexpr const char* kConsumer = "Consumidor final";
 
 using Line = std::array<std::string, 5>;
@@ -44,9 +44,8 @@ void write_lines(store::Database& venda, const SaleOnScreen& s, const std::strin
     rs["V3"] = line[3];
     rs["V4"] = line[4];
     // The code's two last characters name the size slot that takes the quantity.
-    std::string slot = mid(line[1], 6, 2);
-    for (int n = 1; n <= kSlots; ++n)
-      rs["X" + std::to_string(n)] = slot == format(Value(n), "00") ? typed(line[0]) : Value(0);
+    const int slot = size_slot(line[1], 6);
+    for (int n = 1; n <= stock::kSlots; ++n) rs["X" + std::to_string(n)] = n == slot ? typed(line[0]) : Value(0);
     rs.update();
   }
 }

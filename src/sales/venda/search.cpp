@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "core/format.h"
+#include "sales/prod/period.h"
 #include "sales/venda/grids.h"
 #include "sales/venda/resumo.h"
-#include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
 
@@ -31,31 +31,16 @@ void search_button(ui::Form& f, const char* name, const char* caption, std::func
   on_search_page(f.add(name, ControlKind::Button, caption)).on_click = std::move(action);
 }
 
-using SalesList = std::vector<std::vector<std::string>>;
-
-// The header columns repeat on each line of a sale, so grouping by them gives
-// one row a sale, and VALOR is the sale's total, not the sum of its lines.
-// CODIGO is grouped on first: two sales alike but for their number stay two,
-// and the groups come in the order of the numbers.
-SalesList sales_of_period(const std::string& first, const std::string& last, const std::string& narrow) {
-  const std::string sql = "SELECT CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR FROM VENDA WHERE DATA BETWEEN #" +
-                          first + "# AND #" + last + "#" + narrow +
-                          " GROUP BY CODIGO, DATA, NOME, VENDEDOR, PAGAMENTO, VALOR";
-  SalesList rows;
-  store::Database db = store::Workspace::open_database("\\VENDA.Mdb");
-  // By position, in the order of the select: a month holds thousands of rows.
-  for (store::Recordset rs = db.open_recordset(sql); !rs.eof(); rs.move_next())
-    rows.push_back({rs[0].text(), store::data_tela(rs[1]), ui::money_text(rs[5]), rs[2].text(), rs[3].text(),
-                    rs[4].text()});
-  return rows;
-}
-
-// The sales of T1 to T2 in Grid4; `narrow` keeps one seller's or one
+// The sales of T1 to T2 in Grid4; `column` keeps one seller's or one
 // customer's.
-void show_sales(ui::Runtime& rt, ui::Form& f, const std::string& narrow) {
+void show_sales(ui::Runtime& rt, ui::Form& f, const char* column = nullptr, const std::string& value = {}) {
   const Date today = rt.host().today();
-  SalesList rows = sales_of_period(store::data_sql(f["T1"].text(), today), store::data_sql(f["T2"].text(), today),
-                                   narrow);
+  const prod::Period p{store::data_sql(f["T1"].text(), today), store::data_sql(f["T2"].text(), today),
+                       f["T1"].text(), f["T2"].text()};
+  std::vector<std::vector<std::string>> rows;
+  for (prod::SaleRow& s : prod::period_sales(p, column, value))
+    rows.push_back(prod::cells(std::move(s.codigo), std::move(s.data), ui::money_text(s.total), std::move(s.nome),
+                               std::move(s.vendedor), std::move(s.pagamento)));
   ui::show_rows(f["Grid4"], kSalesHeading, rows);  // a month of sales at once, not row by row
 }
 
@@ -63,7 +48,7 @@ void show_sales(ui::Runtime& rt, ui::Form& f, const std::string& narrow) {
 void search_by(ui::Runtime& rt, ui::Form& f, const char* field, const char* column) {
   const std::string chosen = f[field].text();
   if (chosen.empty()) return;
-  show_sales(rt, f, std::string(" AND ") + column + " = " + store::sql_quote(chosen));
+  show_sales(rt, f, column, chosen);
 }
 
 void ask_ticket(ui::Runtime& rt, ui::Form& f) {
@@ -112,6 +97,6 @@ void load_search_sellers(ui::Form& f) { ui::name_combo(f["T3"], f["VEN"].items);
 
 void load_search_customers(ui::Form& f) { ui::name_combo(f["T4"], f["c1"].items); }
 
-void search_period(ui::Runtime& rt, ui::Form& f) { show_sales(rt, f, ""); }
+void search_period(ui::Runtime& rt, ui::Form& f) { show_sales(rt, f); }
 
 }  // namespace mz::sales::venda

@@ -240,7 +240,8 @@ FormWindow::FormWindow(Desktop& desktop, ui::Form& form) : desktop_(desktop), fo
       const bool self_captioned = next.kind() == ControlKind::OptionButton || next.kind() == ControlKind::CheckBox;
       if ((next.kind() != ControlKind::Label || names_figure) && (!self_captioned || named_for_next) &&
           next.kind() != ControlKind::Button &&
-          next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next)) {
+          next.kind() != ControlKind::MenuItem && next.page == c.page && next.block.empty() && !is_wide(next) &&
+          (!c.bold || named_for_next)) {  // a bold line of its own heads what follows
         QWidget* caption = make_widget(c);
         QWidget* field = make_widget(*controls[++i]);
         page.push_back({caption, with_buttons_beside(field, i), nullptr, false});

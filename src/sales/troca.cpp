@@ -105,10 +105,8 @@ void confirm(ui::Runtime& rt, ui::Form& f) {
   rt.message("Operação realizada.");
 }
 
-void add_band(ui::Form& f, const char* prefix, const char* heading, const char* hidden = nullptr) {
+void add_band(ui::Form& f, const char* prefix, const char* heading) {
   f.add(std::string("L") + prefix, ControlKind::Label, heading).bold = true;
-  // The line as stored stands beside the heading, out of sight.
-  if (hidden) f.add(hidden, ControlKind::TextBox).visible = false;
   for (int i = 1; i <= 6; ++i) {
     ui::Control& c = ui::add_field(f, prefix + std::to_string(i), ControlKind::TextBox, kCaptions[i - 1]);
     c.enter_moves_on = true;
@@ -128,9 +126,11 @@ std::unique_ptr<ui::Form> make_troca(ui::Runtime& rt) {
   ui::Control& grid = f.add("Grid1", ControlKind::Grid);
   ui::show_rows(grid, kHeading, {});
   grid.on_dbl_click = [&f] { choose_line(f); };
-  add_band(f, "p", "Produto devolvido:", "v1");
+  add_band(f, "p", "Produto devolvido:");
   add_band(f, "T", "Produto entregue na troca");
   f["T2"].on_lost_focus = [&f] { look_up_replacement(f); };
+  // The returned line as stored, kept out of sight.
+  f.add("v1", ControlKind::TextBox).visible = false;
   f.add("Command2", ControlKind::Button, "Confirma").on_click = [&rt, &f] { confirm(rt, f); };
   f.add("Command3", ControlKind::Button, "Volta").on_click = [&rt] { rt.close("troca"); };
   add_size_fields(f);

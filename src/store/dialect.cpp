@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <map>
 #include <optional>
+#include <set>
 
 #include "core/error.h"
 #include "core/text.h"
@@ -182,15 +184,21 @@ bool may_read_as_number(std::string_view prefix) {
 }
 
 bool text_in_every_table(std::string_view column) {
-  bool found = false;
-  for (const FileDef& file : catalogue())
-    for (const TableDef& table : file.tables)
-      for (const ColumnDef& c : table.columns)
-        if (text_equal(c.name, column)) {
-          if (c.type != ColumnType::Text) return false;
-          found = true;
+  // The catalogue is fixed: its text-only column names are gathered once.
+  static const std::set<std::string> text_only = [] {
+    std::map<std::string, bool> all_text;
+    for (const FileDef& file : catalogue())
+      for (const TableDef& table : file.tables)
+        for (const ColumnDef& c : table.columns) {
+          auto [it, added] = all_text.emplace(lcase(c.name), true);
+          it->second = it->second && c.type == ColumnType::Text;
         }
-  return found;
+    std::set<std::string> names;
+    for (const auto& [name, text] : all_text)
+      if (text) names.insert(name);
+    return names;
+  }();
+  return text_only.count(lcase(column)) > 0;
 }
 
 // The least text above every text that begins with prefix: the prefix with

@@ -8,6 +8,7 @@
 
 #include "records/grade.h"
 #include "stock/balance.h"
+#include "stock/size_captions.h"
 #include "stock/reports_screens.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -153,11 +154,7 @@ std::unique_ptr<ui::Form> make_grupos(ui::Runtime& rt) {
   f.add("n", ControlKind::Label);
   f.add("Grid1", ControlKind::Grid);
   // The captions the last print went out with.
-  for (int i = 1; i <= kHalfSlots; ++i) {
-    ui::Control& caption = f.add("S" + std::to_string(i), ControlKind::TextBox);
-    caption.visible = false;
-    caption.tab_stop = false;
-  }
+  add_hidden_captions(f, "S", kHalfSlots);
   f.on_load = [&rt, &f] { load(rt, f); };
   return form;
 }

@@ -6,8 +6,8 @@
 
 #include "core/format.h"
 #include "stock/balance.h"
-#include "stock/size_captions.h"
 #include "stock/screens.h"
+#include "stock/size_captions.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/bound_grid.h"

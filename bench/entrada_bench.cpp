@@ -3,6 +3,7 @@
 // 20 lines over its earlier version.
 #include <benchmark/benchmark.h>
 
+#include "bench/document_lines.h"
 #include "bench/support.h"
 #include "shell/program.h"
 #include "ui/keys.h"
@@ -51,59 +52,62 @@ void leaving_reference(const fs::path& folder, ui::Form& f, Session& s) {
   report("ENTRADA: leaving GR (product and EST. ATUAL)", program, raw);
 }
 
-// The grid holds 20 launched lines of two sizes each.
-void key_lines(ui::Form& f, Session& s) {
-  for (int line = 0; line < kLines; ++line) {
-    s.rt.set_focus(f["GR"]);
-    f["GR"].set_text(reference_code(line * 97));
-    s.rt.set_focus(f["E2"]);
-    f["X1"].set_text("2");
-    f["X3"].set_text("1");
-    f["E7"].set_text("12,50");
-    s.rt.press_key(ui::key::kF1);
-  }
-}
-
 void recording(const fs::path& folder, ui::Form& f, Session& s) {
   f["EE1"].set_text(kNumber);
   f["EE3"].set_text(supplier_name(1));
-  key_lines(f, s);
+  key_document_lines(f, s.rt, kLines);
   double program = median_us(200, [&](int) { s.rt.press_key(ui::key::kF1 + 1); });
 
-  Raw entra(folder / "entra.db");
   std::string insert = "INSERT INTO ENTRA (CODIGO, NOME, DATA, TIPO, TOTAL, REFERENCIA";
   for (int n = 1; n <= 50; ++n) insert += ", X" + std::to_string(n);
   insert += ", QTDA, VALOR, ET) VALUES (?, ?, '2026-11-22', '', '250,00', ?";
   for (int n = 1; n <= 50; ++n) insert += n == 1 ? ", 2" : n == 3 ? ", 1" : ", 0";
   insert += ", 3, 12.5, 'SIM')";
-  sqlite3_stmt* remove = entra.prepare("DELETE FROM ENTRA WHERE CODIGO = ?");
-  sqlite3_stmt* add = entra.prepare(insert);
-  sqlite3_stmt* begin = entra.prepare("BEGIN IMMEDIATE");
-  sqlite3_stmt* commit = entra.prepare("COMMIT");
+  double raw = raw_document_rewrite(folder / "entra.db", insert, kNumber, supplier_name(1), kLines);
+  report("ENTRADA: recording a movement of 20 lines (F2)", program, raw);
+}
+
+}  // namespace
+
+void key_document_lines(ui::Form& f, ui::Runtime& rt, int lines) {
+  for (int line = 0; line < lines; ++line) {
+    rt.set_focus(f["GR"]);
+    f["GR"].set_text(reference_code(line * 97));
+    rt.set_focus(f["E2"]);
+    f["X1"].set_text("2");
+    f["X3"].set_text("1");
+    f["E7"].set_text("12,50");
+    rt.press_key(ui::key::kF1);
+  }
+}
+
+double raw_document_rewrite(const fs::path& file, const std::string& insert, const std::string& number,
+                            const std::string& name, int lines) {
+  Raw db(file);
+  sqlite3_stmt* remove = db.prepare("DELETE FROM ENTRA WHERE CODIGO = ?");
+  sqlite3_stmt* add = db.prepare(insert);
+  sqlite3_stmt* begin = db.prepare("BEGIN IMMEDIATE");
+  sqlite3_stmt* commit = db.prepare("COMMIT");
   auto step = [](sqlite3_stmt* st) {
     sqlite3_step(st);
     sqlite3_reset(st);
   };
-  double raw = median_us(200, [&](int) {
+  auto rewrite = [&](int count) {
     step(begin);
-    bind_text(remove, 1, kNumber);
+    bind_text(remove, 1, number);
     step(remove);
-    for (int line = 0; line < kLines; ++line) {
-      bind_text(add, 1, kNumber);
-      bind_text(add, 2, supplier_name(1));
+    for (int line = 0; line < count; ++line) {
+      bind_text(add, 1, number);
+      bind_text(add, 2, name);
       bind_text(add, 3, reference_code(line * 97));
       step(add);
     }
     step(commit);
-  });
-  report("ENTRADA: recording a movement of 20 lines (F2)", program, raw);
-  step(begin);
-  bind_text(remove, 1, kNumber);
-  step(remove);
-  step(commit);
+  };
+  double raw = median_us(200, [&](int) { rewrite(lines); });
+  rewrite(0);
+  return raw;
 }
-
-}  // namespace
 
 void run_entrada_benchmarks(const fs::path& folder) {
   Session s;

@@ -3,6 +3,7 @@
 // earlier version in the goods-out ledger.
 #include <benchmark/benchmark.h>
 
+#include "bench/document_lines.h"
 #include "bench/support.h"
 #include "shell/program.h"
 #include "ui/keys.h"
@@ -30,15 +31,7 @@ void key_order(ui::Form& f, Session& s) {
   f["EE4"].set_text("P-1");
   f["EE5"].set_text("REPRESENTANTE");
   for (int n = 1; n <= 24; ++n) f["B" + std::to_string(n)].set_text("ENDERECO " + std::to_string(n));
-  for (int line = 0; line < kLines; ++line) {
-    s.rt.set_focus(f["GR"]);
-    f["GR"].set_text(reference_code(line * 97));
-    s.rt.set_focus(f["E2"]);
-    f["X1"].set_text("2");
-    f["X3"].set_text("1");
-    f["E7"].set_text("12,50");
-    s.rt.press_key(ui::key::kF1);
-  }
+  key_document_lines(f, s.rt, kLines);
 }
 
 // The raw baseline writes the same rows: the ledger's columns, the heading
@@ -60,33 +53,8 @@ std::string insert_statement() {
 void recording(const fs::path& folder, ui::Form& f, Session& s) {
   key_order(f, s);
   double program = median_us(200, [&](int) { s.rt.press_key(ui::key::kF1 + 1); });
-
-  Raw sai(folder / "sai.db");
-  sqlite3_stmt* remove = sai.prepare("DELETE FROM ENTRA WHERE CODIGO = ?");
-  sqlite3_stmt* add = sai.prepare(insert_statement());
-  sqlite3_stmt* begin = sai.prepare("BEGIN IMMEDIATE");
-  sqlite3_stmt* commit = sai.prepare("COMMIT");
-  auto step = [](sqlite3_stmt* st) {
-    sqlite3_step(st);
-    sqlite3_reset(st);
-  };
-  double raw = median_us(200, [&](int) {
-    step(begin);
-    bind_text(remove, 1, kNumber);
-    step(remove);
-    for (int line = 0; line < kLines; ++line) {
-      bind_text(add, 1, kNumber);
-      bind_text(add, 2, customer_name(1));
-      bind_text(add, 3, reference_code(line * 97));
-      step(add);
-    }
-    step(commit);
-  });
+  double raw = raw_document_rewrite(folder / "sai.db", insert_statement(), kNumber, customer_name(1), kLines);
   report("PEDIDO: recording an order of 20 lines (F2)", program, raw);
-  step(begin);
-  bind_text(remove, 1, kNumber);
-  step(remove);
-  step(commit);
 }
 
 }  // namespace

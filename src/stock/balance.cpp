@@ -82,10 +82,10 @@ Sums sums_by_reference(const Ledger& ledger) {
 // engine's limit on bound values is never reached.
 constexpr size_t kReferencesPerStatement = 2000;
 
+// The asked slots a product's flags let through.
 std::vector<int> gated_slots(const SlotRule& rule, const SizeFlags& flags) {
-  std::vector<int> slots;
-  for (int n = std::max(rule.first, 1); n <= std::min(rule.last, kSlots); ++n)
-    if (n != rule.left_out && passes(rule, flags, n)) slots.push_back(n);
+  std::vector<int> slots = asked_slots(rule);
+  std::erase_if(slots, [&](int n) { return !passes(rule, flags, n); });
   return slots;
 }
 
@@ -129,9 +129,7 @@ SizeFlags size_flags(std::string_view reference) {
 
 std::vector<SlotLine> slot_lines(std::string_view reference, const SlotRule& rule) {
   const SizeFlags flags = rule.gate == Gate::None ? SizeFlags{} : size_flags(reference);
-  std::vector<int> slots;
-  for (int n : asked_slots(rule))
-    if (passes(rule, flags, n)) slots.push_back(n);
+  const std::vector<int> slots = gated_slots(rule, flags);
   std::vector<SlotLine> lines;
   if (slots.empty()) return lines;
   Recordset in = slot_sums(kInflow, slots, reference);

@@ -9,8 +9,8 @@
 #include "core/format.h"
 #include "core/input_helpers.h"
 #include "core/text.h"
-#include "records/grade.h"
 #include "stock/balance.h"
+#include "stock/size_captions.h"
 #include "stock/stocktake_screens.h"
 #include "store/database.h"
 #include "store/sql_text.h"
@@ -105,8 +105,7 @@ void load(ui::Runtime& rt, ui::Form& f) {
   rt.centre(f);
   show_counts(f);
   f["E7"].set_text("0,00");
-  if (auto captions = records::grade_load())
-    for (int n = 1; n <= kSlots; ++n) f["A" + std::to_string(n)].set_text((*captions)[static_cast<size_t>(n - 1)]);
+  load_size_captions(f);
 }
 
 }  // namespace
@@ -139,11 +138,7 @@ std::unique_ptr<ui::Form> make_balanco(ui::Runtime& rt) {
   f.add("Command2", ControlKind::Button, "Imprime").on_click = [report] { print(*report); };
   f.add("Command4", ControlKind::Button, "Volta").on_click = [&rt] { rt.close("balanco"); };
   // The size captions, read once, for the size a code names.
-  for (int n = 1; n <= kSlots; ++n) {
-    ui::Control& caption = f.add("A" + std::to_string(n), ControlKind::TextBox);
-    caption.visible = false;
-    caption.tab_stop = false;
-  }
+  add_size_captions(f);
   f.on_load = [&rt, &f] { load(rt, f); };
   return form;
 }

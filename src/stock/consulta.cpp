@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "core/format.h"
-#include "records/grade.h"
 #include "stock/balance.h"
 #include "stock/screens.h"
+#include "stock/size_captions.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/bound_grid.h"
@@ -95,9 +95,7 @@ void load(ui::Runtime& rt, ui::Form& f) {
   store::Recordset rs = store::Workspace::open_database("\\grupo.mdb").open_recordset("select A1 from A1 order by A1");
   for (; !rs.eof(); rs.move_next()) groups.push_back(rs["A1"].text());
   f["E1"].items = groups;
-  if (auto captions = records::grade_load()) {
-    for (int n = 1; n <= kSlots; ++n) f["A" + std::to_string(n)].set_text((*captions)[static_cast<size_t>(n - 1)]);
-  }
+  load_size_captions(f);
   show_products(f, "");
   ui::show_rows(f["Grid1"], kSizeHeading, {});
 }
@@ -135,11 +133,7 @@ std::unique_ptr<ui::Form> make_consulta(ui::Runtime& rt) {
   f.add("Command1", ControlKind::Button, "> ESTOQUE POR GRUPOS").on_click = [&rt] { rt.show("GRUPOS"); };
   f.add("Command5", ControlKind::Button, "> VOLTA").on_click = [&rt] { rt.close("CONSULTA"); };
   // The size captions, kept on the screen as the labels of the size list.
-  for (int n = 1; n <= kSlots; ++n) {
-    ui::Control& caption = f.add("A" + std::to_string(n), ControlKind::TextBox);
-    caption.visible = false;
-    caption.tab_stop = false;
-  }
+  add_size_captions(f);
   f.on_load = [&rt, &f] { load(rt, f); };
   return form;
 }

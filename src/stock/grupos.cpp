@@ -9,6 +9,7 @@
 #include "records/grade.h"
 #include "stock/balance.h"
 #include "stock/reports_screens.h"
+#include "stock/size_captions.h"
 #include "store/database.h"
 #include "store/sql_text.h"
 #include "ui/fields.h"
@@ -98,13 +99,15 @@ void print_table(ui::Runtime& rt, ui::Form& f, int first_caption_slot, ui::Repor
   std::string columns = "GRUPO";
   for (int i = 1; i <= kHalfSlots; ++i) columns += ", A" + std::to_string(i);
   for (int i = 1; i < kGridColumns; ++i) columns += ", X" + std::to_string(i);
+  // Every row repeats the group and the captions.
+  std::string heading_values = store::sql_quote(f["E1"].text());
+  for (int i = 1; i <= kHalfSlots; ++i) heading_values += ", " + store::sql_quote(f["S" + std::to_string(i)].text());
   store::Database tmp = store::Workspace::open_database("\\TMP12.MDB");
   {
     store::Database::Transaction unit(tmp);
     tmp.execute("DELETE FROM TMP12;");
     for (int r = 1; r < grid.grid.rows; ++r) {
-      std::string values = store::sql_quote(f["E1"].text());
-      for (int i = 1; i <= kHalfSlots; ++i) values += ", " + store::sql_quote(f["S" + std::to_string(i)].text());
+      std::string values = heading_values;
       for (int c = 0; c < kGridColumns - 1; ++c) values += ", " + store::sql_quote(grid.grid.cell(r, c));
       tmp.execute("Insert into TMP12 (" + columns + ") values (" + values + ")");
     }
@@ -153,11 +156,7 @@ std::unique_ptr<ui::Form> make_grupos(ui::Runtime& rt) {
   f.add("n", ControlKind::Label);
   f.add("Grid1", ControlKind::Grid);
   // The captions the last print went out with.
-  for (int i = 1; i <= kHalfSlots; ++i) {
-    ui::Control& caption = f.add("S" + std::to_string(i), ControlKind::TextBox);
-    caption.visible = false;
-    caption.tab_stop = false;
-  }
+  add_hidden_captions(f, "S", kHalfSlots);
   f.on_load = [&rt, &f] { load(rt, f); };
   return form;
 }

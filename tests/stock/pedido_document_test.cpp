@@ -7,6 +7,7 @@
 #include "stock/entrada/band.h"
 #include "stock/entrada/document.h"
 #include "store/database.h"
+#include "store/sql_text.h"
 #include "support/scratch_folder.h"
 #include "ui/form.h"
 #include "ui/test_host.h"
@@ -33,11 +34,20 @@ std::string column_per_row(const std::string& number, const char* column) {
   store::Database db = store::Workspace::open_database("\\SAI.MDB");
   std::string found;
   for (store::Recordset rs = db.open_recordset("select " + std::string(column) +
-                                               " from ENTRA where CODIGO = '" + number + "' order by REFERENCIA");
+                                               " from ENTRA where CODIGO = " + store::sql_quote(number) + " order by REFERENCIA");
        !rs.eof(); rs.move_next())
     found += "[" + rs[0].text() + "]";
   return found;
 }
+
+// A scratch folder and a bare form holding the grid a document is recorded from.
+struct Desk {
+  mz::testing::ScratchFolder folder;
+  ui::TestHost host;
+  ui::Runtime rt{host};
+  ui::Form f{rt, "T", "T"};
+  ui::Control& grid = f.add("Grid1", ui::ControlKind::Grid);
+};
 
 struct Case {
   const char* what;
@@ -48,11 +58,8 @@ struct Case {
 class OrderRows : public ::testing::TestWithParam<Case> {};
 
 TEST_P(OrderRows, HeadingOnEveryRowAndLabelsOnlyForMovements) {
-  mz::testing::ScratchFolder folder;
-  ui::TestHost host;
-  ui::Runtime rt(host);
-  ui::Form f(rt, "T", "T");
-  ui::Control& grid = f.add("Grid1", ui::ControlKind::Grid);
+  Desk desk;
+  ui::Control& grid = desk.grid;
   lay_out(grid, 2);
   document::Header h{"00000003", "MARIA", "22/11/2026", "P-1", "55,00", {{"B24", "ABERTO"}, {"A2", "M"}, {"DES", "5,00"}},
                      GetParam().with_labels};
@@ -71,11 +78,8 @@ INSTANTIATE_TEST_SUITE_P(PedidoDocument, OrderRows,
 // Recording an order again with fewer lines replaces it, and leaves the exit
 // of another number alone.
 TEST(PedidoDocument, ARecordingReplacesOnlyItsOwnNumber) {
-  mz::testing::ScratchFolder folder;
-  ui::TestHost host;
-  ui::Runtime rt(host);
-  ui::Form f(rt, "T", "T");
-  ui::Control& grid = f.add("Grid1", ui::ControlKind::Grid);
+  Desk desk;
+  ui::Control& grid = desk.grid;
   lay_out(grid, 3);
   document::record(document::kExit, {"00000004", "SAÍDA", "22/11/2026", "", "", {}, true}, grid);
   document::record(document::kExit, {"00000005", "PEDIDO", "22/11/2026", "", "", {{"B24", "ABERTO"}}, false}, grid);

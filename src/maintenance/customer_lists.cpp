@@ -41,19 +41,4 @@ void fill_rela(const std::vector<RelaRow>& rows) {
   unit.commit();
 }
 
-void print_rows(ui::Runtime& rt, ReportPair& reports, const std::string& report_file, const std::string& data,
-                const std::string& formula) {
-  bool preview = rt.message("Deseja visualizar a impressão?", ui::Buttons::YesNo, ui::Icon::Question) ==
-                 ui::Answer::Yes;
-  ui::Report& report = preview ? reports.window : reports.printer;
-  report.data_files = data;
-  report.selection_formula = formula;
-  report.report_file_name = report_file;
-  try {
-    report.action(1);
-  } catch (const Error&) {
-    rt.message("Operação não realizada. Verifique a impressora.");
-  }
-}
-
 }  // namespace mz::maintenance

@@ -28,17 +28,6 @@ void fill_rela(const std::vector<RelaRow>& rows);
 extern const char* const kLabelsNotice;
 extern const char* const kSenderLabelsNotice;
 
-// Report1 preset to the window and Report2 to the printer, as the screens
-// that ask "Deseja visualizar a impressão?" hold them.
-struct ReportPair {
-  explicit ReportPair(ui::Runtime& rt)
-      : window(rt, print::Destination::Window), printer(rt, print::Destination::Printer) {}
-  ui::Report window, printer;
-};
-
-// Asks whether to preview, then runs the template over `data` by the chosen
-// component; a failed print shows the message of the printing screens.
-void print_rows(ui::Runtime& rt, ReportPair& reports, const std::string& report_file,
-                const std::string& data = "\\Rela.MDB", const std::string& formula = "");
+using ui::ReportPair;
 
 }  // namespace mz::maintenance

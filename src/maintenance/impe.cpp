@@ -100,9 +100,9 @@ void imprime(ui::Runtime& rt, ui::Form& f, ReportPair& reports) {
     }
   }
   if (option->rows == Rows::None)
-    print_rows(rt, reports, option->report, "\\Cada.mdb", "{CADA.CODIGO} = '" + code + "'");
+    ui::preview_or_print(rt, reports, option->report, "\\Cada.mdb", "{CADA.CODIGO} = '" + code + "'");
   else
-    print_rows(rt, reports, option->report);
+    ui::preview_or_print(rt, reports, option->report, "\\Rela.MDB");
 }
 
 void load_shop(ui::Form& f) {

@@ -55,7 +55,7 @@ void imprime(ui::Runtime& rt, ui::Form& f, ReportPair& reports, bool letter) {
     Hourglass wait(rt);
     fill_rela(born_in(f["MES"].text(), letter));
   }
-  print_rows(rt, reports, letter ? "\\R4x.rpt" : "\\R4.rpt");
+  ui::preview_or_print(rt, reports, letter ? "\\R4x.rpt" : "\\R4.rpt", "\\Rela.MDB");
 }
 
 }  // namespace

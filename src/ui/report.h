@@ -31,6 +31,20 @@ class Report {
   print::Destination destination_;
 };
 
+// Report1 preset to the window and Report2 to the printer, as the screens
+// that ask "Deseja visualizar a impressão?" hold them.
+struct ReportPair {
+  explicit ReportPair(Runtime& rt)
+      : window(rt, print::Destination::Window), printer(rt, print::Destination::Printer) {}
+  Report window, printer;
+};
+
+// Asks whether to preview, then runs the template over `data` by the chosen
+// component; a failed print shows "Operação não realizada. Verifique a
+// impressora." and leaves the screen as it is.
+void preview_or_print(Runtime& rt, ReportPair& reports, const std::string& report_file, const std::string& data,
+                      const std::string& formula = "");
+
 // CommonDialog1.Action = 5: the printer dialog. The choice becomes the
 // current printer; cancelling is not a failure, the print goes on.
 void choose_printer(Runtime& runtime);

@@ -52,16 +52,7 @@ void fill_rela3(const Variant& v, const Period& period, const std::string* custo
 }
 
 void print_rela3(ui::Runtime& rt, ReportPair& reports, const Variant& v) {
-  bool preview =
-      rt.message("Deseja visualizar a impressão?", ui::Buttons::YesNo, ui::Icon::Question) == ui::Answer::Yes;
-  ui::Report& report = preview ? reports.window : reports.printer;
-  report.data_files = "\\Rela3.MDB";
-  report.report_file_name = v.report_file;
-  try {
-    report.action(1);
-  } catch (const Error&) {
-    rt.message("Operação não realizada. Verifique a impressora.");
-  }
+  ui::preview_or_print(rt, reports, v.report_file, "\\Rela3.MDB");
 }
 
 }  // namespace mz::finance::reports

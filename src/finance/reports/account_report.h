@@ -19,12 +19,7 @@ struct Period {
 // customer when `customer` is given), into Rela3 in the order of D3.
 void fill_rela3(const Variant& v, const Period& period, const std::string* customer);
 
-// The screen's two report components: the preview and the printer.
-struct ReportPair {
-  explicit ReportPair(ui::Runtime& rt)
-      : window(rt, print::Destination::Window), printer(rt, print::Destination::Printer) {}
-  ui::Report window, printer;
-};
+using ui::ReportPair;
 
 // Asks for preview or printer and runs the template over Rela3; a failure
 // of the print is reported and leaves the screen as it is.
